@@ -1,0 +1,20 @@
+# The one floor that knows Qt.
+
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus)
+zq_floor(qt FOLDERS platform/qt LINKS zq_core
+  Qt6::Core Qt6::Gui Qt6::Widgets Qt6::Network Qt6::DBus)
+set_target_properties(zq_qt PROPERTIES EXPORT_NAME Qt)
+add_library(ZQSwiftUI::Qt ALIAS zq_qt)
+target_compile_definitions(zq_qt PRIVATE QT_NO_KEYWORDS)
+
+# libdbus itself: its limit on waiting messages can be raised only there.
+find_library(ZQ_DBUS_LIBRARY dbus-1)
+find_path(ZQ_DBUS_INCLUDE dbus/dbus.h PATH_SUFFIXES dbus-1.0)
+find_path(ZQ_DBUS_ARCH_INCLUDE dbus/dbus-arch-deps.h
+  PATHS /usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/dbus-1.0/include
+        /usr/lib/dbus-1.0/include /usr/lib64/dbus-1.0/include)
+if(NOT ZQ_DBUS_LIBRARY OR NOT ZQ_DBUS_INCLUDE OR NOT ZQ_DBUS_ARCH_INCLUDE)
+  message(FATAL_ERROR "libdbus is missing: install libdbus-1-dev, or configure with -DZQ_QT=OFF.")
+endif()
+target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_DBUS_INCLUDE} ${ZQ_DBUS_ARCH_INCLUDE})
+target_link_libraries(zq_qt PRIVATE dbus-1)

@@ -1,0 +1,4 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/platform/services/require.hpp>
+
+int main() {}

@@ -1,0 +1,4 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/zqswiftui.hpp>
+
+int main() {}

@@ -32,15 +32,15 @@ function(zq_warnings target)
   endif()
 endfunction()
 
-# True where one of the sources reaches for the Qt floor. The sources become inputs of the
-# configure step, so that an include added later is seen.
+# 1 where one of the sources reaches for the Qt floor. The sources become inputs of the
+# configure step, so that an include added later is seen. 0 otherwise.
 function(zq_uses_qt result)
-  set(found FALSE)
+  set(found 0)
   foreach(source IN LISTS ARGN)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${source}")
     file(STRINGS "${source}" lines REGEX "^#include <(zqswiftui/platform/qt/|Q[A-Z])" LIMIT_COUNT 1)
     if(lines)
-      set(found TRUE)
+      set(found 1)
     endif()
   endforeach()
   set(${result} ${found} PARENT_SCOPE)

@@ -2,4 +2,6 @@
 #include <QApplication>
 #include <zqswiftui/zqswiftui.hpp>
 
-int main(int argc, char** argv) { const QApplication app(argc, argv); }
+int main(int argc, char** argv) {
+  const QApplication app(argc, argv);
+}

@@ -1,0 +1,36 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace zq {
+
+// Folds a burst of requests into one: keeps one pending action, replaced by each newer
+// request, and runs it on the interface thread once its delay has passed without another
+// request. Destroying the task drops the action; one that must run whoever goes first holds
+// the task itself. Any thread.
+//   task->perform(0.25, [project, task] { save(project); });
+class ZQPressureTask {
+ public:
+  ZQPressureTask();
+  ~ZQPressureTask();
+  ZQPressureTask(const ZQPressureTask&) = delete;
+  ZQPressureTask& operator=(const ZQPressureTask&) = delete;
+
+  // Seconds; a negative or non-finite delay is none, and still runs later.
+  void perform(double afterSeconds, std::function<void()> action);
+  // Runs the pending action now, if there is one. Interface thread only.
+  void flush();
+  bool isPending() const;
+
+  // Of all tasks of the process, for a platform that ends. Interface thread only.
+  static void flushAll();
+  static void dropAll();
+
+ private:
+  struct State;
+  std::shared_ptr<State> state_;
+};
+
+}  // namespace zq

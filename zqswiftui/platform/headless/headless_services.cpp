@@ -1,10 +1,21 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <iterator>
 #include <zqswiftui/platform/headless/headless_services.hpp>
 
 namespace zq {
+
+namespace {
+
+// Of the process, not of the platform: who outlives one must not stop a listener of the next.
+std::uint64_t newListenerId() {
+  static std::atomic<std::uint64_t> last{0};
+  return ++last;
+}
+
+}  // namespace
 
 void HeadlessPasteboard::clear() {
   ++changeCount_;
@@ -157,8 +168,9 @@ void HeadlessNotifications::deliver(const Posted& notification) {
 std::uint64_t HeadlessNotifications::observe(std::string_view name,
                                              std::function<void(const std::string&)> callback) {
   const std::lock_guard lock(mutex_);
-  observers_.emplace(++lastId_, Observer{std::string(name), std::move(callback)});
-  return lastId_;
+  const std::uint64_t id = newListenerId();
+  observers_.emplace(id, Observer{std::string(name), std::move(callback)});
+  return id;
 }
 
 void HeadlessNotifications::stopObserving(std::uint64_t id) {
@@ -248,8 +260,9 @@ Bytes HeadlessImageCodec::file(int width, int height, std::uint8_t red, std::uin
 }
 
 unsigned long HeadlessAppearance::addListener(std::function<void()> listener) {
-  listeners_.emplace(++lastId_, std::move(listener));
-  return lastId_;
+  const std::uint64_t id = newListenerId();
+  listeners_.emplace(id, std::move(listener));
+  return id;
 }
 
 void HeadlessAppearance::setValues(AppearanceValues values) {

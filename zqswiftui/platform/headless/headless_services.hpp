@@ -161,7 +161,6 @@ class HeadlessNotifications : public DistributedNotifications {
   MainQueue& queue_;
   mutable std::mutex mutex_;
   std::map<std::uint64_t, Observer> observers_;
-  std::uint64_t lastId_ = 0;
   std::vector<Posted> posted_;
 };
 
@@ -207,7 +206,6 @@ class HeadlessAppearance : public Appearance {
 
  private:
   AppearanceValues values_;
-  unsigned long lastId_ = 0;
   std::map<unsigned long, std::function<void()>> listeners_;
 };
 

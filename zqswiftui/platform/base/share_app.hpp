@@ -1,0 +1,35 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+#include <zqswiftui/platform/base/task.hpp>
+#include <zqswiftui/platform/base/url.hpp>
+
+namespace zq {
+
+// A record of items that an application shares: each has an id and is a file in the record's
+// folder, which may still have to be fetched. Copies share the record. Any thread.
+class ZQShareApp {
+ public:
+  struct Item {
+    std::string id;
+    std::string fileName;   // one name, no path
+    std::string remoteUrl;  // empty for an item that is only local
+    bool operator==(const Item&) const = default;
+  };
+
+  ZQShareApp(Url folder, std::vector<Item> items);
+
+  // The local file of an item, downloaded first where it is missing and that is asked for.
+  // Absent where there is no such item, its name leaves the folder, or no file can be had.
+  Task<std::optional<Url>> urlForId(std::string id, bool downloadRemote) const;
+
+ private:
+  struct Record;
+  std::shared_ptr<const Record> record_;
+};
+
+}  // namespace zq

@@ -1,0 +1,48 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/platform/base/task.hpp>
+
+namespace zq {
+
+namespace {
+
+// A frame that nobody holds: it goes when it ends, or with the way on from where it waits.
+struct Running {
+  struct promise_type {
+    std::shared_ptr<detail::TaskRoot> root;
+    Running get_return_object() {
+      return {std::coroutine_handle<promise_type>::from_promise(*this)};
+    }
+    std::suspend_always initial_suspend() noexcept { return {}; }
+    std::suspend_never final_suspend() noexcept { return {}; }
+    void return_void() {}
+    void unhandled_exception() noexcept { ZQ_REQUIRE(false, "Task: an exception left a task"); }
+  };
+  std::coroutine_handle<promise_type> frame;
+};
+
+Running run(Task<void> task) {
+  co_await std::move(task);
+}
+
+std::shared_ptr<detail::TaskRoot> begin(Task<void> task) {
+  const Running running = run(std::move(task));
+  auto root = std::make_shared<detail::TaskRoot>();
+  root->frame = running.frame;
+  running.frame.promise().root = root;
+  auto resumption = std::make_shared<detail::Resumption>(running.frame);
+  Platform::current().background().post(
+      [resumption = std::move(resumption)] { resumption->resume(); }, false);
+  return root;
+}
+
+}  // namespace
+
+Subscription start(Task<void> task) {
+  return Subscription([root = begin(std::move(task))] { root->cancelled = true; });
+}
+
+void detach(Task<void> task) {
+  begin(std::move(task));
+}
+
+}  // namespace zq

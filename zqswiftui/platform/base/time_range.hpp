@@ -1,0 +1,24 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+namespace zq {
+
+// A span of time in seconds; its own identity in lists.
+struct ZQTimeRange {
+  double start = 0;
+  double end = 0;
+  bool operator==(const ZQTimeRange&) const = default;
+};
+
+}  // namespace zq
+
+template <>
+struct std::hash<zq::ZQTimeRange> {
+  std::size_t operator()(const zq::ZQTimeRange& range) const noexcept {
+    const std::hash<double> hash;
+    return hash(range.start) * 31 + hash(range.end);
+  }
+};

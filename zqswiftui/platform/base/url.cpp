@@ -1,0 +1,121 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/url.hpp>
+
+namespace zq {
+
+namespace {
+
+constexpr std::string_view fileScheme = "file://";
+
+bool isLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string escaped(std::string_view path) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  constexpr std::string_view plain = "/-._~!$&'()*+,=:@";
+  std::string text;
+  for (const char c : path) {
+    if (isLetter(c) || isDigit(c) || plain.find(c) != std::string_view::npos) {
+      text += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      text += '%';
+      text += digits[byte >> 4];
+      text += digits[byte & 15];
+    }
+  }
+  return text;
+}
+
+int hexValue(char c) {
+  if (isDigit(c)) return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+std::string unescaped(std::string_view text) {
+  std::string path;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool whole = text[i] == '%' && i + 2 < text.size();
+    const int high = whole ? hexValue(text[i + 1]) : -1;
+    const int low = whole ? hexValue(text[i + 2]) : -1;
+    if (high < 0 || low < 0) {
+      path += text[i];
+    } else {
+      path += static_cast<char>(high * 16 + low);
+      i += 2;
+    }
+  }
+  return path;
+}
+
+}  // namespace
+
+Url Url::file(std::string_view path) {
+  return Url(std::string(fileScheme) + escaped(path));
+}
+
+std::optional<Url> Url::parse(std::string_view text) {
+  const auto colon = text.find(':');
+  if (colon == std::string_view::npos || colon == 0 || !isLetter(text[0])) return std::nullopt;
+  const auto inScheme = [](char c) {
+    return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
+  };
+  if (!std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), inScheme)) {
+    return std::nullopt;
+  }
+  const auto forbidden = [](char c) { return static_cast<unsigned char>(c) <= 0x20 || c == 0x7F; };
+  if (std::any_of(text.begin(), text.end(), forbidden)) return std::nullopt;
+  return Url(std::string(text));
+}
+
+bool Url::isFile() const {
+  return text_.starts_with("file:");
+}
+
+std::string Url::path() const {
+  std::string_view rest = text_;
+  rest.remove_prefix(std::min(rest.find(':') + 1, rest.size()));
+  if (rest.starts_with("//")) {
+    rest.remove_prefix(2);
+    // A file URL of ours may hold a relative path; "localhost" is the one host of files.
+    if (isFile() && rest.starts_with("localhost/")) rest.remove_prefix(9);
+    if (!isFile()) rest.remove_prefix(std::min(rest.find('/'), rest.size()));
+  }
+  return unescaped(rest.substr(0, rest.find_first_of("?#")));
+}
+
+std::string Url::name() const {
+  std::string path = this->path();
+  while (path.ends_with('/')) path.pop_back();
+  return path.substr(path.rfind('/') + 1);
+}
+
+std::string Url::pathExtension() const {
+  const std::string name = this->name();
+  const auto dot = name.rfind('.');
+  // A leading dot hides a file, it does not begin an extension.
+  if (dot == std::string::npos || dot == 0) return "";
+  return name.substr(dot + 1);
+}
+
+Url Url::appending(std::string_view component) const {
+  std::string text = text_;
+  if (!text.ends_with('/')) text += '/';
+  return Url(text + escaped(component));
+}
+
+bool Url::isA(const std::vector<std::string>& extensions) const {
+  const std::string own = lowercased(pathExtension());
+  return std::any_of(extensions.begin(), extensions.end(),
+                     [&](const std::string& extension) { return lowercased(extension) == own; });
+}
+
+}  // namespace zq

@@ -1,0 +1,49 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zq {
+
+// The address of a file or of something remote, as a value. Any thread.
+//   Url icon = Url::file("/home/a b/icon.png");  // file:///home/a%20b/icon.png
+class Url {
+ public:
+  // Of an absolute or relative path in UTF-8 or any other bytes, taken as it is.
+  static Url file(std::string_view path);
+  // Absent where the text has no scheme, or holds blanks or control characters.
+  static std::optional<Url> parse(std::string_view text);
+
+  const std::string& text() const { return text_; }
+  bool isFile() const;
+  // Without escapes: of a file its path, else what stands between host and query.
+  std::string path() const;
+  // The last part of the path; empty of a root.
+  std::string name() const;
+  // What follows the name's last dot, as it is written; empty where there is none.
+  std::string pathExtension() const;
+  Url appending(std::string_view component) const;
+  // Whether the extension is one of these, whatever the case; none of them has a dot.
+  bool isA(const std::vector<std::string>& extensions) const;
+
+  auto operator<=>(const Url&) const = default;
+
+ private:
+  explicit Url(std::string text) : text_(std::move(text)) {}
+  std::string text_;
+};
+
+}  // namespace zq
+
+template <>
+struct std::hash<zq::Url> {
+  std::size_t operator()(const zq::Url& url) const noexcept {
+    return std::hash<std::string>()(url.text());
+  }
+};

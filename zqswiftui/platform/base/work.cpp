@@ -1,0 +1,84 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <atomic>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <zqswiftui/platform/base/work.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
+#include <zqswiftui/platform/services/require.hpp>
+
+namespace zq {
+
+void XMain::execute(std::function<void()> work) {
+  MainQueue& queue = Platform::current().mainQueue();
+  if (queue.isMainThread()) return work();
+  queue.post(std::move(work));
+}
+
+void XMain::post(std::function<void()> work) {
+  Platform::current().mainQueue().post(std::move(work));
+}
+
+void Queue::execute(bool fast, std::function<void()> work) {
+  Platform::current().background().post(std::move(work), fast);
+}
+
+struct SerialQueue::State : std::enable_shared_from_this<State> {
+  std::string name;
+  std::mutex mutex;
+  std::deque<std::function<void()>> waiting;
+  std::mutex running;  // held by whoever runs work of this queue
+  std::atomic<std::thread::id> runner;
+
+  // One piece a turn, so that a long queue does not keep a thread from the others.
+  void scheduleTurn() {
+    Queue::execute(false, [self = shared_from_this()] {
+      const std::lock_guard turn(self->running);
+      self->runNext();
+    });
+  }
+
+  bool runNext() {
+    std::function<void()> work;
+    {
+      const std::lock_guard lock(mutex);
+      if (waiting.empty()) return false;
+      work = std::move(waiting.front());
+      waiting.pop_front();
+    }
+    runner = std::this_thread::get_id();
+    work();
+    runner = std::thread::id();
+    return true;
+  }
+};
+
+SerialQueue::SerialQueue(std::string name) : state_(std::make_shared<State>()) {
+  state_->name = std::move(name);
+}
+
+const std::string& SerialQueue::name() const {
+  return state_->name;
+}
+
+void SerialQueue::post(std::function<void()> work) {
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->waiting.push_back(std::move(work));
+  }
+  state_->scheduleTurn();
+}
+
+void SerialQueue::sync(const std::function<void()>& work) {
+  ZQ_REQUIRE(state_->runner.load() != std::this_thread::get_id(),
+             "SerialQueue: sync from its own work would wait for itself");
+  const std::lock_guard turn(state_->running);
+  while (state_->runNext()) {
+  }
+  state_->runner = std::this_thread::get_id();
+  work();
+  state_->runner = std::thread::id();
+}
+
+}  // namespace zq

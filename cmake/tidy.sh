@@ -27,6 +27,7 @@ check_one() { # <source>
 export -f check_one
 
 mkdir -p build/clang/tidy
-sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/clang/compile_commands.json |
-  sed -n "s|^$root/\(\(zqswiftui\|apps\)/.*\)|\1|p" | sort -u |
-  xargs -r -d '\n' -P "$jobs" -n 1 bash -c 'check_one "$1"' tidy
+sources=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/clang/compile_commands.json |
+  sed -nE "s#^$root/((zqswiftui|apps)/.*)#\1#p" | sort -u)
+[[ -n $sources ]] || fail "There is nothing to read: build/clang names no source of ours."
+xargs -r -d '\n' -P "$jobs" -n 1 bash -c 'check_one "$1"' tidy <<<"$sources"

@@ -1,0 +1,135 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <optional>
+#include <string>
+#include <tests/base/temp_folder.hpp>
+#include <vector>
+#include <zqswiftui/platform/base/files.hpp>
+#include <zqswiftui/platform/base/image_cache.hpp>
+#include <zqswiftui/platform/base/prefs.hpp>
+#include <zqswiftui/platform/base/zq_cache.hpp>
+#include <zqswiftui/platform/base/zq_notify.hpp>
+#include <zqswiftui/platform/base/zq_pasteboard.hpp>
+#include <zqswiftui/platform/headless/headless_platform.hpp>
+
+namespace zq {
+namespace {
+
+TEST(Notify, eachKindKeywordAndSenderIsHeardByItsOwnObserversAlone) {
+  const int sender = 0;
+  std::string heard;
+  const auto text =
+      ZQNotify::observeString(nullptr, "k", [&](const auto& t) { heard += "t" + t.value_or("-"); });
+  const auto ofSender = ZQNotify::observeString(&sender, "k", [&](const auto&) { heard += "s"; });
+  const auto number =
+      ZQNotify::observeDouble(nullptr, "k", [&](const auto& n) { heard += n == 2.5 ? "n" : "?"; });
+  const auto other = ZQNotify::observeString(nullptr, "k.", [&](const auto&) { heard += "!"; });
+  ZQNotify::notify("k", "one");
+  ZQNotify::notify("k", std::optional<std::string>(), &sender);
+  ZQNotify::notify("k", 2.5);
+  EXPECT_EQ(heard, "tonet-sn");
+}
+
+TEST(Notify, aBroadcastArrivesLaterAndEndsWithItsToken) {
+  HeadlessPlatform platform;
+  std::string heard;
+  auto token = ZQNotify::observeBroadcast("name", [&](const std::string& text) { heard += text; });
+  ZQNotify::broadcast("name", "a");
+  EXPECT_EQ(heard, "");
+  platform.runUntilIdle();
+  ZQNotify::broadcast("name", "b");
+  token.reset();
+  platform.runUntilIdle();
+  EXPECT_EQ(heard, "a");
+}
+
+TEST(Image, theLongerSideBecomesTheGivenSize) {
+  const auto image = ZQImage::fromPixels({1024, 512, Bytes(1024 * 512 * 4, 200)});
+  ASSERT_TRUE(image);
+  struct Case {
+    double side;
+    int width;
+    int height;
+  };
+  for (const Case& row :
+       std::vector<Case>{{128, 128, 64}, {1, 1, 1}, {2048, 2048, 1024}, {1024, 1024, 512}}) {
+    const auto resized = image->resizeWithMaxSide(row.side);
+    ASSERT_TRUE(resized) << row.side;
+    EXPECT_EQ(resized->width(), row.width);
+    EXPECT_EQ(resized->height(), row.height);
+    EXPECT_EQ(resized->pixels().rgba, Bytes(resized->pixels().rgba.size(), 200));
+  }
+  for (const double side : {0.0, -1.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_FALSE(image->resizeWithMaxSide(side)) << side;
+  }
+  EXPECT_FALSE(ZQImage::fromPixels({2, 2, Bytes(15)}));
+  EXPECT_FALSE(ZQImage::fromPixels({-2, -2, Bytes(16)}));
+}
+
+TEST(Image, shrinkingAveragesWhatItCovers) {
+  const auto image = ZQImage::fromPixels({2, 1, {0, 0, 0, 255, 200, 100, 50, 255}});
+  EXPECT_EQ(image->resizeWithMaxSide(1)->pixels().rgba, (Bytes{100, 50, 25, 255}));
+}
+
+TEST(ImageCacheTest, aNamedResourceIsDecodedOnceWhileItIsShown) {
+  HeadlessPlatform platform;
+  const TempFolder folder;
+  ASSERT_TRUE(replaceFile(folder.path("0.png"), HeadlessImageCodec::file(2, 1, 1, 2, 3)).ok());
+  ASSERT_TRUE(replaceFile(folder.path("1.png"), "no image").ok());
+  platform.bundle().addResource("spin00000.png", folder.path("0.png"));
+  platform.bundle().addResource("spin00001.png", folder.path("1.png"));
+  const auto first = ImageCache::getImage("spin00000");
+  ASSERT_TRUE(first);
+  EXPECT_EQ(ImageCache::getImage("spin00000"), first);
+  EXPECT_FALSE(ImageCache::getImage("spin00001"));
+  EXPECT_FALSE(ImageCache::getImage("spin00002"));
+}
+
+TEST(PasteboardTest, anImageIsDecodedAndATextIsNone) {
+  HeadlessPlatform platform;
+  std::vector<int> widths;
+  const auto ask = [&] {
+    ZQPasteboard::getImage(
+        [&](const auto& image) { widths.push_back(image ? image->width() : -1); });
+    platform.runUntilIdle();
+  };
+  ask();
+  platform.pasteboard().setImage(HeadlessImageCodec::file(3, 1, 0, 0, 0));
+  ask();
+  ZQPasteboard::setString("text");
+  ask();
+  EXPECT_EQ(widths, (std::vector{-1, 3, -1}));
+}
+
+TEST(CacheTest, aMissIsComputedOnceAndAFailureAgain) {
+  ZQCache cache;
+  int computed = 0;
+  const auto ask = [&](std::optional<int> answer) {
+    return cache.getCachedOrExecute<int>("k", [&] { return ++computed, answer; });
+  };
+  EXPECT_EQ(ask(std::nullopt), std::nullopt);
+  EXPECT_EQ(ask(1), 1);
+  EXPECT_EQ(ask(2), 1);
+  EXPECT_EQ(computed, 2);
+  EXPECT_EQ(
+      cache.getCachedOrExecute<std::string>("k", [] { return std::optional<std::string>("x"); }),
+      std::nullopt);
+}
+
+TEST(Prefs, aFlagReadsAsANumberAndNonsenseAsTheDefault) {
+  const HeadlessPlatform platform;
+  EXPECT_EQ(prefs_getValueInt("k", 0), 0);
+  prefs_setValueBool("k", true);
+  EXPECT_EQ(prefs_getValueInt("k", 0), 1);
+  prefs_setValueString("k", "12x");
+  EXPECT_EQ(prefs_getValueInt("k", 7), 7);
+  prefs_setValueDouble("k", 1e300);
+  EXPECT_EQ(prefs_getValueInt("k", 7), 7);
+  prefs_setValueStringList("k", {"a"});
+  EXPECT_EQ(prefs_getValueDouble("k", 0.5), 0.5);
+}
+
+}  // namespace
+}  // namespace zq

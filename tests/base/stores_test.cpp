@@ -14,6 +14,8 @@
 namespace zq {
 namespace {
 
+using namespace std::string_literals;
+
 class Stores : public testing::Test {
  protected:
   HeadlessPlatform platform;
@@ -57,8 +59,10 @@ TEST_F(Stores, noIdLeadsOutOfTheFolder) {
   ASSERT_TRUE(replaceFile(folder.path("store/sub/inner"), "inner").ok());
   std::filesystem::create_symlink("../secret", folder.path("store/link"));
   const ZQSubFiles store(Url::file(folder.path("store")));
-  for (const std::string id : {"../secret", "link", "sub/inner", "sub", "", ".", "..", "/etc/hosts",
-                               "%2e%2e%2fsecret", std::string("../secret\0", 10).c_str()}) {
+  const std::vector<std::string> ids{"../secret", "link", "sub/inner",    "sub",
+                                     "",          ".",    "..",           "/etc/hosts",
+                                     "link\0"s,   ".\0"s, "../secret\0"s, "%2e%2e%2fsecret"};
+  for (const std::string& id : ids) {
     EXPECT_FALSE(finished(store.read(id))) << id;
     EXPECT_FALSE(finished(store.remove(id))) << id;
   }

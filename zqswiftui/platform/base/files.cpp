@@ -207,7 +207,7 @@ bool FUList::isFolder(const std::string& path) {
   return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-std::vector<Url> sortedWith(SortMethod method, std::vector<Url> urls) {
+std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls) {
   struct Entry {
     Url url;
     std::string name;

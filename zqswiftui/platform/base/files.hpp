@@ -55,7 +55,7 @@ struct FUList {
 
 enum class SortMethod { nameAscending, nameDescending, oldestFirst, newestFirst };
 // Equal ones keep their order; a file without a date counts as the oldest.
-std::vector<Url> sortedWith(SortMethod method, std::vector<Url> urls);
+std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls);
 
 // Without duplicates, first occurrences kept in order.
 std::vector<Url> uniques(const std::vector<Url>& urls);

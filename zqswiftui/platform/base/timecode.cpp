@@ -9,7 +9,7 @@ namespace zq {
 
 std::string TC::getFloatTimecode(double seconds, bool withComma) {
   constexpr std::int64_t perSecond = 100;
-  constexpr std::int64_t largest = 100 * 3600 * perSecond - 1;
+  constexpr std::int64_t largest = std::int64_t{100} * 3600 * perSecond - 1;
   const double finite = std::isfinite(seconds) ? std::clamp(seconds, -360000.0, 360000.0) : 0;
   // Rounded as a whole, so that 0.999 becomes a second and never 100 hundredths.
   const std::int64_t signedTotal = std::llround(finite * static_cast<double>(perSecond));

@@ -70,7 +70,8 @@ void addBlock(Digest& digest, const char* block) {
         word = (7 * i) % 16;
         break;
     }
-    const std::uint32_t sum = a + mixed + sines[i] + littleEndianWord(block + 4 * word);
+    const std::uint32_t sum =
+        a + mixed + sines[i] + littleEndianWord(block + std::size_t{4} * word);
     a = d;
     d = c;
     c = b;

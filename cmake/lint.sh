@@ -37,7 +37,7 @@ complain "Qt below its floor:" \
     xargs -r -d '\n' grep -nE '^ *# *include *[<"](Q[A-Z]|Qt[A-Z]|qt6?/|q[a-z]+\.h[>"])' || true)"
 
 complain "Longer than 500 lines:" \
-  "$(printf '%s\n' "${texts[@]}" | xargs -r -d '\n' awk 'ENDFILE { if (FNR > 500) print FILENAME ": " FNR }')"
+  "$(printf '%s\n' "${texts[@]}" | xargs -r -d '\n' awk 'FNR == 501 { print FILENAME }')"
 
 complain "Loose ends; finish them or open an issue:" \
   "$(printf '%s\n' "${all[@]}" | xargs -r -d '\n' grep -nIE '\b(TO''DO|FIX''ME)\b' || true)"

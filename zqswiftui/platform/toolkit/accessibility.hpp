@@ -1,0 +1,57 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+#include <zqswiftui/platform/toolkit/geometry.hpp>
+
+namespace zq {
+
+enum class Role : unsigned char {
+  none,
+  group,
+  text,
+  button,
+  toggle,
+  textField,
+  image,
+  progress,
+  scrollArea,
+  list,
+  slider,
+  window
+};
+
+// What a component says of itself to assistive technology; whatever is left out is derived
+// from the texts and buttons inside.
+struct Accessibility {
+  std::optional<Role> role;
+  std::optional<std::string> label;
+  std::optional<std::string> value;
+  std::optional<std::string> description;
+  std::optional<bool> checked;
+  bool hidden = false;  // this view and what is in it
+  bool operator==(const Accessibility&) const = default;
+};
+
+// One element of the tree that a screen reader sees. Ids live as long as the view does and are
+// never used again. Bounds in points of the window.
+struct AccessibilityNode {
+  std::uint64_t id = 0;
+  Role role = Role::group;
+  std::string name;
+  std::string value;
+  std::string description;
+  Rect bounds;
+  bool enabled = true;
+  bool focusable = false;
+  bool focused = false;
+  bool pressable = false;  // the action "press" (a toggle's "toggle")
+  std::optional<bool> checked;
+  std::vector<AccessibilityNode> children;
+  bool operator==(const AccessibilityNode&) const = default;
+};
+
+}  // namespace zq

@@ -1,0 +1,92 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+#include <zqswiftui/platform/toolkit/geometry.hpp>
+
+namespace zq {
+
+// What the host tells the tree. Points are in points of the hosted view, top left (0, 0).
+
+struct Modifiers {
+  bool shift = false;
+  bool control = false;
+  bool alt = false;
+  bool operator==(const Modifiers&) const = default;
+};
+
+enum class PointerButton : unsigned char { primary, secondary, middle };
+
+enum class Key : unsigned char {
+  character,
+  tab,
+  enter,
+  escape,
+  space,
+  backspace,
+  deleteForward,
+  left,
+  right,
+  up,
+  down,
+  home,
+  end,
+  pageUp,
+  pageDown
+};
+
+struct KeyEvent {
+  Key key = Key::character;
+  std::string text;  // UTF-8, what the key types; empty for most keys
+  Modifiers modifiers;
+};
+
+// Positive y scrolls towards the end of the content. Points, already scaled by the host.
+struct WheelEvent {
+  Point position;
+  double deltaX = 0;
+  double deltaY = 0;
+};
+
+enum class Cursor : unsigned char {
+  arrow,
+  pointingHand,
+  text,
+  resizeDiagonal,
+  resizeDiagonalBack,
+  grab
+};
+
+// What a drag over the window carries. Data is read when it is dropped, not before.
+struct DropInfo {
+  Point location;                  // in points of the view that takes it
+  std::vector<std::string> types;  // "public.file-url", "public.url", "public.utf8-plain-text"
+  std::vector<std::string> urls;   // empty until the drop
+  std::string text;                // empty until the drop
+};
+
+// A place to drop: `types` lists what is taken.
+struct DropTarget {
+  std::vector<std::string> types;
+  std::function<void(bool inside)> onTargeted;  // may be null
+  std::function<bool(const DropInfo&)> onDrop;  // returns whether the drop was taken
+};
+
+// A drag with the primary button: begins when the pointer has moved by minimumDistance.
+struct DragValue {
+  Point startLocation;
+  Point location;
+  Size translation() const { return {location.x - startLocation.x, location.y - startLocation.y}; }
+  bool operator==(const DragValue&) const = default;
+};
+
+struct DragGesture {
+  double minimumDistance = 10;
+  std::function<void(const DragValue&)> onChanged;
+  std::function<void(const DragValue&)> onEnded;
+  std::function<void()> onCancelled;  // taken away: window left, view gone, disabled
+};
+
+}  // namespace zq

@@ -1,0 +1,159 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <cmath>
+#include <zqswiftui/platform/base/image_cache.hpp>
+#include <zqswiftui/platform/toolkit/image.hpp>
+#include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
+
+namespace zq {
+namespace {
+
+// A symbol's square is a little taller than the letters beside it.
+constexpr double kSymbolToFont = 1.25;
+
+// "arrow.right.circle" is read out as "arrow right".
+std::string spoken(const std::string& symbol) {
+  std::string name = symbol;
+  for (const char* ending : {".fill", ".circle", ".square", ".rectangle"}) {
+    if (name.ends_with(ending)) name.resize(name.size() - std::string_view(ending).size());
+  }
+  std::replace(name.begin(), name.end(), '.', ' ');
+  return name;
+}
+
+}  // namespace
+
+class ImageNode final : public LeafNode {
+ public:
+  using Value = PrimitiveValue<Image, ImageNode>;
+  using LeafNode::LeafNode;
+
+  void mount() override { resolve(); }
+  void update(const View& next) override {
+    const Image was = image();
+    setView(next);
+    if (was == image()) return;
+    resolve();
+    invalidateMeasure();
+    invalidatePicture();
+    tree().contentChanged();
+  }
+  std::string debugName() const override { return "Image"; }
+  std::string accessibleText() override { return image().label_; }
+  std::string symbolText() override { return spoken(image().symbol_); }
+  void describe(std::vector<AccessibilityNode>& out) override;
+
+ protected:
+  Size computeSize(const ProposedSize& proposal) override;
+  void record(Piece& piece) override;
+  void environmentChanged(const Environment& old) override;
+
+ private:
+  const Image& image() const { return static_cast<const Value&>(*view().value()).value; }
+  Size idealSize() const;
+  void resolve() { font_ = tree().texts().fontNumber(image().font_.value_or(environment().font)); }
+  int font_ = 0;
+};
+
+void ImageNode::environmentChanged(const Environment& old) {
+  if (!(old.font == environment().font)) {
+    resolve();
+    invalidateMeasure();
+  }
+  invalidatePicture();
+}
+
+Size ImageNode::idealSize() const {
+  const Image& i = image();
+  if (i.symbol_.empty()) {
+    if (!i.picture_) return {};
+    return {static_cast<double>(i.picture_->width()), static_cast<double>(i.picture_->height())};
+  }
+  const double side = std::ceil(tree().texts().spec(font_).size * kSymbolToFont);
+  return {side, side};
+}
+
+Size ImageNode::computeSize(const ProposedSize& proposal) {
+  const Size ideal = idealSize();
+  if (!image().resizable_ || ideal.width <= 0 || ideal.height <= 0) return ideal;
+  const Size room = proposal.replacingUnspecified(ideal);
+  if (!image().aspectFit_) return room;
+  double factor = INFINITY;
+  if (proposal.width) factor = std::min(factor, room.width / ideal.width);
+  if (proposal.height) factor = std::min(factor, room.height / ideal.height);
+  if (!std::isfinite(factor)) factor = 1;
+  return {ideal.width * factor, ideal.height * factor};
+}
+
+void ImageNode::record(Piece& piece) {
+  const Image& i = image();
+  const Rect all = localBounds();
+  if (all.empty()) return;
+  if (i.symbol_.empty()) {
+    if (i.picture_) piece.emplace_back(DrawPicture{*i.picture_, all});
+    return;
+  }
+  const SymbolDrawing* drawing = findSymbol(i.symbol_);
+  if (!drawing) return;
+  const double side = std::min(all.width, all.height);
+  Color color = i.color_ ? *i.color_ : environment().foreground.value_or(Color::primary());
+  if (!environment().enabled) color = color.opacity(0.4);
+  piece.emplace_back(DrawSymbol{
+      drawing, i.symbol_, {all.midX() - side / 2, all.midY() - side / 2, side, side}, color});
+}
+
+void ImageNode::describe(std::vector<AccessibilityNode>& out) {
+  if (image().label_.empty()) return;  // decoration
+  AccessibilityNode node;
+  node.id = id();
+  node.role = Role::image;
+  node.name = image().label_;
+  node.bounds = toWindow(localBounds());
+  node.enabled = environment().enabled;
+  out.push_back(std::move(node));
+}
+
+Image::Image(ZQImage picture) : picture_(std::move(picture)) {}
+
+Image Image::symbol(std::string name) {
+  Image image;
+  image.symbol_ = std::move(name);
+  return image;
+}
+
+Image Image::named(const std::string& name) {
+  Image image;
+  image.picture_ = ImageCache::getImage(name);
+  return image;
+}
+
+Image Image::font(Font font) const {
+  Image i = *this;
+  i.font_ = font;
+  return i;
+}
+
+Image Image::foregroundColor(std::optional<Color> color) const {
+  Image i = *this;
+  if (color) i.color_ = color;
+  return i;
+}
+
+Image Image::resizable(bool aspectFit) const {
+  Image i = *this;
+  i.resizable_ = true;
+  i.aspectFit_ = aspectFit;
+  return i;
+}
+
+Image Image::accessibilityLabel(std::string label) const {
+  Image i = *this;
+  i.label_ = std::move(label);
+  return i;
+}
+
+Image::operator View() const {
+  return View::make<ImageNode::Value>(*this);
+}
+
+}  // namespace zq

@@ -1,0 +1,229 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/platform/toolkit/button.hpp>
+#include <zqswiftui/platform/toolkit/tree/responder.hpp>
+#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kRingReach = 3;  // how far the focus ring stands out
+constexpr double kHeldOpacity = 0.6;
+
+enum class PressLook : unsigned char { plain, dimsWhileHeld };
+
+class PressNode;
+
+class PressValue final : public ModifierValue<PressValue, PressNode> {
+ public:
+  PressValue(View givenChild, std::function<void()> givenAction, PressLook givenLook)
+      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)), look(givenLook) {}
+  std::function<void()> action;
+  PressLook look;
+};
+
+class PressNode final : public ModifierNode<PressValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return true; }
+  bool hasMemory() const override { return true; }
+  bool wantsPress() const override { return true; }
+  void pressChanged(bool down) override {
+    held_ = down;
+    if (value().look == PressLook::dimsWhileHeld) damageAll();
+  }
+  void pressed() override {
+    const std::function<void()> action = value().action;  // it may end this view
+    if (action) action();
+  }
+  bool focusable() const override { return true; }
+  void focusChanged(bool, bool) override {
+    damageAll();
+    invalidateBounds();
+    damageAll();
+  }
+  void paint(PaintPass& pass, Point origin) override;
+  std::string debugName() const override { return "Button"; }
+  void describe(std::vector<AccessibilityNode>& out) override;
+
+ protected:
+  Rect ownBounds() const override {
+    return tree().focus().showsRing(*this) ? localBounds().insetBy(-kRingReach) : Rect{};
+  }
+
+ private:
+  bool held_ = false;
+};
+
+void PressNode::paint(PaintPass& pass, Point origin) {
+  const bool dim = held_ && value().look == PressLook::dimsWhileHeld;
+  if (dim) pass.canvas.pushOpacity(kHeldOpacity, bounds().offsetBy(origin));
+  paintChildren(pass, origin);
+  if (dim) pass.canvas.pop();
+  if (!tree().focus().showsRing(*this)) return;
+  Path ring;
+  const Rect outline = localBounds().insetBy(-kRingReach / 2);
+  ring.addRoundedRect(outline, 5);
+  pass.canvas.draw(StrokePath{std::make_shared<const Path>(std::move(ring)),
+                              outline.insetBy(-1),
+                              {.lineWidth = 2, .dash = {}},
+                              Color::accent().opacity(0.8)},
+                   playState(pass, origin));
+}
+
+void PressNode::describe(std::vector<AccessibilityNode>& out) {
+  AccessibilityNode node;
+  node.id = id();
+  node.role = Role::button;
+  node.name = accessibleText();
+  if (node.name.empty()) node.name = symbolText();
+  node.bounds = toWindow(localBounds());
+  node.enabled = environment().enabled;
+  node.focusable = node.pressable = environment().enabled;
+  node.focused = tree().focus().focused() == this;
+  out.push_back(std::move(node));
+}
+
+class HoverNode;
+
+class HoverValue final : public ModifierValue<HoverValue, HoverNode> {
+ public:
+  HoverValue(View givenChild, std::function<void(bool)> givenAction)
+      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)) {}
+  std::function<void(bool)> action;
+};
+
+class HoverNode final : public ModifierNode<HoverValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return true; }
+  bool wantsHover() const override { return true; }
+  bool hasMemory() const override { return inside_; }
+  void hoverChanged(bool inside) override {
+    inside_ = inside;
+    const auto action = value().action;
+    if (action) action(inside);
+  }
+  std::function<void()> hoverFarewell() const override {
+    return [action = value().action] {
+      if (action) action(false);
+    };
+  }
+  std::string debugName() const override { return "Hover"; }
+
+ private:
+  bool inside_ = false;
+};
+
+class GestureNode;
+
+class GestureValue final : public ModifierValue<GestureValue, GestureNode> {
+ public:
+  GestureValue(View givenChild, DragGesture givenGesture)
+      : ModifierValue(std::move(givenChild)), gesture(std::move(givenGesture)) {}
+  DragGesture gesture;
+};
+
+class GestureNode final : public ModifierNode<GestureValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return true; }
+  bool hasMemory() const override { return true; }
+  const DragGesture* dragGesture() const override { return &value().gesture; }
+  std::string debugName() const override { return "Gesture"; }
+};
+
+class DropNode;
+
+class DropValue final : public ModifierValue<DropValue, DropNode> {
+ public:
+  DropValue(View givenChild, DropTarget givenTarget)
+      : ModifierValue(std::move(givenChild)), target(std::move(givenTarget)) {}
+  DropTarget target;
+};
+
+class DropNode final : public ModifierNode<DropValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return true; }
+  const DropTarget* dropTarget() const override { return &value().target; }
+  std::string debugName() const override { return "Drop"; }
+};
+
+// What changes nothing but what the controllers are told.
+class HintNode;
+
+class HintValue final : public ModifierValue<HintValue, HintNode> {
+ public:
+  explicit HintValue(View givenChild) : ModifierValue(std::move(givenChild)) {}
+  std::optional<Key> shortcut;
+  std::optional<Cursor> cursor;
+  std::optional<std::string> help;
+};
+
+class HintNode final : public ModifierNode<HintValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return value().help || value().cursor; }
+  std::optional<Key> shortcut() const override { return value().shortcut; }
+  std::optional<Cursor> cursor() const override { return value().cursor; }
+  const std::string* help() const override { return value().help ? &*value().help : nullptr; }
+  std::string debugName() const override { return "Hint"; }
+  void describe(std::vector<AccessibilityNode>& out) override {
+    const std::size_t first = out.size();
+    WrapperNode::describe(out);
+    if (!value().help) return;
+    for (std::size_t i = first; i < out.size(); ++i) {
+      if (out[i].description.empty()) out[i].description = *value().help;
+    }
+  }
+};
+
+View hint(View view, const std::function<void(HintValue&)>& change) {
+  auto value = std::make_unique<HintValue>(std::move(view));
+  change(*value);
+  return View(value.release());
+}
+
+}  // namespace
+
+Button::operator View() const {
+  return View::make<PressValue>(label_, action_, PressLook::dimsWhileHeld);
+}
+
+View modify::onTap(View view, std::function<void()> action) {
+  if (!action) return view;
+  return View::make<PressValue>(std::move(view), std::move(action), PressLook::plain);
+}
+
+View modify::onHover(View view, std::function<void(bool)> action) {
+  if (!action) return view;
+  return View::make<HoverValue>(std::move(view), std::move(action));
+}
+
+View modify::gesture(View view, DragGesture gesture) {
+  if (!gesture.onChanged && !gesture.onEnded && !gesture.onCancelled) return view;
+  return View::make<GestureValue>(std::move(view), std::move(gesture));
+}
+
+View modify::onDrop(View view, DropTarget target) {
+  return View::make<DropValue>(std::move(view), std::move(target));
+}
+
+View modify::keyboardShortcut(View view, Key key) {
+  return hint(std::move(view), [key](HintValue& v) { v.shortcut = key; });
+}
+
+View modify::cursor(View view, Cursor cursor) {
+  return hint(std::move(view), [cursor](HintValue& v) { v.cursor = cursor; });
+}
+
+View modify::help(View view, std::string text) {
+  return hint(std::move(view), [&](HintValue& v) { v.help = std::move(text); });
+}
+
+}  // namespace zq

@@ -1,0 +1,278 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <cmath>
+#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+
+namespace zq {
+namespace {
+
+// A modifier that is one value F over its child; another value is another layout.
+template <class F, class N>
+class FieldValue final : public ModifierValue<FieldValue<F, N>, N> {
+ public:
+  FieldValue(View givenChild, F givenField)
+      : ModifierValue<FieldValue<F, N>, N>(std::move(givenChild)), field(givenField) {}
+  F field;
+};
+
+template <class F, class N>
+class FieldNode : public ModifierNode<FieldValue<F, N>> {
+ public:
+  using ModifierNode<FieldValue<F, N>>::ModifierNode;
+
+ protected:
+  const F& field() const { return this->value().field; }
+  void changed(const FieldValue<F, N>& was, const FieldValue<F, N>& now) override {
+    if (!(was.field == now.field)) this->invalidateMeasure();
+  }
+  // Puts the child of that size at the alignment; leading is on the right where texts run so.
+  void alignChild(Size size, Alignment alignment, const ProposedSize& offer) {
+    if (!this->child()) return;
+    const double freeX = this->frame().width - size.width;
+    const double f = fraction(alignment.horizontal);
+    this->child()->place({freeX * (this->rightToLeft() ? 1 - f : f),
+                          (this->frame().height - size.height) * fraction(alignment.vertical),
+                          size.width, size.height},
+                         offer);
+  }
+};
+
+std::optional<double> finite(std::optional<double> length) {
+  if (length && !std::isfinite(*length)) return std::nullopt;
+  return length ? std::optional(sanitized(*length)) : std::nullopt;
+}
+
+class FrameNode final : public FieldNode<Frame, FrameNode> {
+ public:
+  using FieldNode::FieldNode;
+  bool sizeIsFixed() const override { return field().width && field().height; }
+  bool spring(Axis) const override { return false; }
+  bool showsNothing() const override { return false; }
+  std::string debugName() const override { return "Frame"; }
+
+ protected:
+  ProposedSize offer(const ProposedSize& p) const {
+    return {field().width ? field().width : p.width, field().height ? field().height : p.height};
+  }
+  Size computeSize(const ProposedSize& p) override {
+    if (sizeIsFixed()) return {*field().width, *field().height};
+    const Size s = WrapperNode::computeSize(offer(p));
+    return {field().width.value_or(s.width), field().height.value_or(s.height)};
+  }
+  void layoutChildren() override {
+    const ProposedSize inner = offer(proposal());
+    alignChild(child() ? child()->measure(inner) : Size{}, field().alignment, inner);
+  }
+};
+
+class FlexFrameNode final : public FieldNode<FlexFrame, FlexFrameNode> {
+ public:
+  using FieldNode::FieldNode;
+  bool spring(Axis) const override { return false; }
+  bool showsNothing() const override { return false; }
+  std::string debugName() const override { return "FlexFrame"; }
+
+ protected:
+  // The offer to the child, kept within the bounds.
+  static std::optional<double> bounded(std::optional<double> offer, std::optional<double> least,
+                                       std::optional<double> most) {
+    if (!offer) return std::nullopt;
+    double v = *offer;
+    if (most) v = std::min(v, *most);
+    if (least) v = std::max(v, *least);
+    return v;
+  }
+  // With a maximum the frame takes what is offered up to it; else it follows the child.
+  static double taken(double childs, std::optional<double> offer, std::optional<double> least,
+                      std::optional<double> most) {
+    double v = childs;
+    if (offer && most) v = std::max(v, std::min(*offer, *most));
+    if (offer && least && !most) v = std::max(*least, std::min(v, std::max(*offer, childs)));
+    if (most) v = std::min(v, *most);
+    if (least) v = std::max(v, *least);
+    return v;
+  }
+  ProposedSize offer(const ProposedSize& p) const {
+    return {bounded(p.width, field().minWidth, field().maxWidth),
+            bounded(p.height, field().minHeight, field().maxHeight)};
+  }
+  Size computeSize(const ProposedSize& p) override {
+    const Size s = WrapperNode::computeSize(offer(p));
+    return {taken(s.width, p.width, field().minWidth, field().maxWidth),
+            taken(s.height, p.height, field().minHeight, field().maxHeight)};
+  }
+  void layoutChildren() override {
+    const ProposedSize inner = ProposedSize::exactly(frame().size());
+    alignChild(child() ? child()->measure(inner) : Size{}, field().alignment, inner);
+  }
+};
+
+class PaddingNode final : public FieldNode<EdgeInsets, PaddingNode> {
+ public:
+  using FieldNode::FieldNode;
+  bool spring(Axis) const override { return false; }
+  std::string debugName() const override { return "Padding"; }
+
+ protected:
+  double horizontal() const { return field().leading + field().trailing; }
+  double vertical() const { return field().top + field().bottom; }
+  ProposedSize inner(const ProposedSize& p) const {
+    ProposedSize in = p;
+    if (in.width) in.width = std::max(0.0, *in.width - horizontal());
+    if (in.height) in.height = std::max(0.0, *in.height - vertical());
+    return in;
+  }
+  Size computeSize(const ProposedSize& p) override {
+    const Size s = WrapperNode::computeSize(inner(p));
+    return {s.width + horizontal(), s.height + vertical()};
+  }
+  void layoutChildren() override {
+    if (!child()) return;
+    const double left = rightToLeft() ? field().trailing : field().leading;
+    child()->place({left, field().top, std::max(0.0, frame().width - horizontal()),
+                    std::max(0.0, frame().height - vertical())},
+                   inner(proposal()));
+  }
+};
+
+struct Ideal {
+  bool operator==(const Ideal&) const = default;
+};
+
+class FixedSizeNode final : public FieldNode<Ideal, FixedSizeNode> {
+ public:
+  using FieldNode::FieldNode;
+  std::string debugName() const override { return "FixedSize"; }
+
+ protected:
+  Size computeSize(const ProposedSize&) override {
+    return WrapperNode::computeSize(ProposedSize::unspecified());
+  }
+  void layoutChildren() override {
+    if (child()) child()->place(localBounds(), ProposedSize::unspecified());
+  }
+};
+
+class PriorityNode final : public FieldNode<double, PriorityNode> {
+ public:
+  using FieldNode::FieldNode;
+  double priority() const override { return field(); }
+  std::string debugName() const override { return "Priority"; }
+};
+
+// Moves and scales what is drawn and hit; layout knows nothing of it.
+struct Transform {
+  Point offset;
+  double scale = 1;
+  bool operator==(const Transform&) const = default;
+};
+
+Transform mix(const Transform& a, const Transform& b, double t) {
+  return {zq::mix(a.offset, b.offset, t), zq::mix(a.scale, b.scale, t)};
+}
+
+class TransformNode final : public FieldNode<Transform, TransformNode> {
+ public:
+  using FieldNode::FieldNode;
+  bool hasMemory() const override { return motion_ != nullptr; }
+  std::string debugName() const override { return "Transform"; }
+  Rect mapFromChild(const Node&, Rect r) const override {
+    const Transform t = shown();
+    const double cx = frame().width / 2, cy = frame().height / 2;
+    return {cx + (r.x - cx) * t.scale + t.offset.x, cy + (r.y - cy) * t.scale + t.offset.y,
+            r.width * t.scale, r.height * t.scale};
+  }
+  Point mapToChild(const Node&, Point p) const override {
+    const Transform t = shown();
+    const double cx = frame().width / 2, cy = frame().height / 2;
+    const double factor = t.scale > 0 ? 1 / t.scale : 0;
+    return {cx + (p.x - t.offset.x - cx) * factor, cy + (p.y - t.offset.y - cy) * factor};
+  }
+  void paint(PaintPass& pass, Point origin) override;
+
+ protected:
+  void changed(const FieldValue<Transform, TransformNode>& was,
+               const FieldValue<Transform, TransformNode>& now) override;
+
+ private:
+  Transform shown() const { return motion_ ? motion_->at(tree().now()) : field(); }
+  std::unique_ptr<Motion<Transform>> motion_;
+};
+
+void TransformNode::changed(const FieldValue<Transform, TransformNode>& was,
+                            const FieldValue<Transform, TransformNode>& now) {
+  if (was.field == now.field) return;
+  damageAll();
+  const Transform from = shown();
+  motion_.reset();
+  if (tree().animation()) {
+    motion_ = std::make_unique<Motion<Transform>>(
+        Motion<Transform>{from, now.field, tree().now(), *tree().animation()});
+    tree().animate(*this, [this](double time) {
+      damageAll();
+      const bool over = !motion_ || motion_->over(time);
+      if (over) motion_.reset();
+      invalidateBounds();
+      damageAll();
+      return !over;
+    });
+  }
+  invalidateBounds();
+  tree().damageAfterLayout(*this, true);
+  tree().visibilityMayHaveChanged();
+  tree().requestFrame();
+}
+
+void TransformNode::paint(PaintPass& pass, Point origin) {
+  const Transform t = shown();
+  const Point moved{origin.x + t.offset.x, origin.y + t.offset.y};
+  if (t.scale == 1) return paintChildrenUnculled(pass, moved);
+  if (!(t.scale > 0)) return;
+  pass.canvas.pushScale(t.scale, t.scale,
+                        {moved.x + frame().width / 2, moved.y + frame().height / 2});
+  paintChildrenUnculled(pass, moved);
+  pass.canvas.pop();
+}
+
+}  // namespace
+
+View modify::frame(View view, const Frame& frame) {
+  return View::make<FieldValue<Frame, FrameNode>>(
+      std::move(view), Frame{finite(frame.width), finite(frame.height), frame.alignment});
+}
+
+View modify::flexFrame(View view, const FlexFrame& f) {
+  const auto bound = [](std::optional<double> v) {
+    return v ? std::optional(sanitized(*v)) : std::nullopt;
+  };
+  return View::make<FieldValue<FlexFrame, FlexFrameNode>>(
+      std::move(view), FlexFrame{finite(f.minWidth), bound(f.maxWidth), finite(f.minHeight),
+                                 bound(f.maxHeight), f.alignment});
+}
+
+View modify::padding(View view, EdgeInsets insets) {
+  const auto length = [](double v) { return std::isfinite(v) ? sanitized(v) : 0.0; };
+  return View::make<FieldValue<EdgeInsets, PaddingNode>>(
+      std::move(view), EdgeInsets{length(insets.top), length(insets.leading), length(insets.bottom),
+                                  length(insets.trailing)});
+}
+
+View modify::fixedSize(View view) {
+  return View::make<FieldValue<Ideal, FixedSizeNode>>(std::move(view), Ideal{});
+}
+
+View modify::layoutPriority(View view, double priority) {
+  return View::make<FieldValue<double, PriorityNode>>(std::move(view),
+                                                      std::isfinite(priority) ? priority : 0.0);
+}
+
+View modify::offset(View view, double x, double y) {
+  const Transform t{{std::isfinite(x) ? x : 0, std::isfinite(y) ? y : 0}, 1};
+  return View::make<FieldValue<Transform, TransformNode>>(std::move(view), t);
+}
+
+View modify::scale(View view, double factor) {
+  const Transform t{{}, std::isfinite(factor) ? sanitized(factor) : 1};
+  return View::make<FieldValue<Transform, TransformNode>>(std::move(view), t);
+}
+
+}  // namespace zq

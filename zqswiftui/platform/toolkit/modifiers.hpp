@@ -1,0 +1,141 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <zqswiftui/platform/toolkit/accessibility.hpp>
+#include <zqswiftui/platform/toolkit/binding.hpp>
+#include <zqswiftui/platform/toolkit/environment.hpp>
+#include <zqswiftui/platform/toolkit/events.hpp>
+#include <zqswiftui/platform/toolkit/geometry.hpp>
+
+// Included by view.hpp.
+
+namespace zq {
+
+class View;
+class ShapeView;
+
+// A fixed width or height; one that is not given is left to the view.
+struct Frame {
+  std::optional<double> width;
+  std::optional<double> height;
+  Alignment alignment = Alignment::center();
+  bool operator==(const Frame&) const = default;
+};
+
+// Bounds of the size; a maximum of infinity takes all that is offered.
+struct FlexFrame {
+  std::optional<double> minWidth;
+  std::optional<double> maxWidth;
+  std::optional<double> minHeight;
+  std::optional<double> maxHeight;
+  Alignment alignment = Alignment::center();
+  bool operator==(const FlexFrame&) const = default;
+};
+
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+// What every view can be wrapped in. Each returns a new view; lengths are points, and those
+// that are not finite or negative count as zero. Derive a component from
+// ViewModifiers<ItsType> to call these on it directly.
+template <class Self>
+class ViewModifiers {
+ public:
+  // Size and place.
+  View frame(Frame frame) const;
+  View frame(double width, double height) const;
+  View flexFrame(FlexFrame frame) const;
+  View padding(double length = 8) const;
+  View padding(EdgeInsets insets) const;
+  View fixedSize() const;                 // the ideal size, whatever is proposed
+  View offset(double x, double y) const;  // drawn and hit elsewhere; layout does not change
+  View scale(double factor) const;        // about the centre; layout does not change
+  View layoutPriority(double priority) const;
+
+  // Look.
+  View opacity(double opacity) const;
+  View background(View view, Alignment alignment = Alignment::center()) const;
+  View overlay(View view, Alignment alignment = Alignment::center()) const;
+  View clipShape(const ShapeView& shape) const;
+  View clipped() const;
+  View foregroundColor(std::optional<Color> color) const;
+  View font(Font font) const;
+  View multilineTextAlignment(TextAlignment alignment) const;
+  View lineLimit(int lines) const;
+
+  // Input. Null callbacks do nothing, and leave the view as it was.
+  View onTap(std::function<void()> action) const;  // reached by Tab, pressed by Space or Enter
+  View onHover(std::function<void(bool inside)> action) const;
+  View gesture(DragGesture gesture) const;
+  View onDrop(DropTarget target) const;
+  View keyboardShortcut(Key key) const;  // presses what is inside, from anywhere in the window
+  View disabled(bool disabled = true) const;
+  View cursor(Cursor cursor) const;
+  View help(std::string text) const;  // shown near the pointer after a moment
+
+  // Life.
+  View onAppear(std::function<void()> action) const;
+  View onDisappear(std::function<void()> action) const;
+  template <std::equality_comparable T>
+  View onChange(T value, std::function<void(const T&)> action) const;
+
+  // Meaning.
+  View accessibility(Accessibility info) const;
+  View accessibilityLabel(std::string label) const;
+  View id(std::string id) const;  // identity: another id is another view; also found by tests
+  template <class Key>
+  View environment(typename Key::Value value) const;
+  template <class T>
+  View environmentObject(std::shared_ptr<T> object) const;
+  // Content in a bubble beside the view while the binding is true; Escape and a click
+  // elsewhere set it to false.
+  View popover(Binding<bool> isPresented, View content) const;
+
+  bool operator==(const ViewModifiers&) const = default;
+
+ private:
+  View view() const;
+};
+
+namespace modify {
+
+View frame(View view, const Frame& frame);
+View flexFrame(View view, const FlexFrame& frame);
+View padding(View view, EdgeInsets insets);
+View fixedSize(View view);
+View offset(View view, double x, double y);
+View scale(View view, double factor);
+View layoutPriority(View view, double priority);
+View opacity(View view, double opacity);
+View background(View view, View behind, Alignment alignment);
+View overlay(View view, View front, Alignment alignment);
+View clipShape(View view, const ShapeView& shape);
+View clipped(View view);
+View environment(View view, std::function<void(Environment&)> change);
+View onTap(View view, std::function<void()> action);
+View onHover(View view, std::function<void(bool)> action);
+View gesture(View view, DragGesture gesture);
+View onDrop(View view, DropTarget target);
+View keyboardShortcut(View view, Key key);
+View cursor(View view, Cursor cursor);
+View help(View view, std::string text);
+View onAppear(View view, std::function<void()> action);
+View onDisappear(View view, std::function<void()> action);
+// A value to watch, without its type.
+class Watched {
+ public:
+  virtual ~Watched() = default;
+  virtual bool sameAs(const Watched& other) const = 0;
+  virtual void tell() const = 0;
+};
+View onChange(View view, const void* type, std::shared_ptr<const Watched> watched);
+View accessibility(View view, Accessibility info);
+View id(View view, std::string id);
+View popover(View view, Binding<bool> isPresented, View content);
+
+}  // namespace modify
+}  // namespace zq

@@ -1,0 +1,88 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <zqswiftui/platform/base/signal.hpp>
+#include <zqswiftui/platform/toolkit/binding.hpp>
+
+namespace zq {
+
+// An object that views observe: they are drawn again after a change. Any thread.
+//   struct Model : ObservableObject { Published<std::string> name{this, "none"}; };
+class ObservableObject {
+ public:
+  ObservableObject() = default;
+  ObservableObject(const ObservableObject&) = delete;
+  ObservableObject& operator=(const ObservableObject&) = delete;
+  virtual ~ObservableObject() = default;
+
+  // Sent before each change, on the thread that makes it.
+  Signal<> willChange;
+
+  // Sent after a Published field has its new value. A view listens to both: a frame may run
+  // between the two when another thread makes the change.
+  Signal<> didChange;
+};
+
+// A field whose every assignment, also of an equal value, tells the owner's observers. Values
+// are copied under a lock: any thread may read and write.
+template <class T>
+class Published {
+ public:
+  explicit Published(ObservableObject* owner, T initial = T{})
+      : owner_(owner), value_(std::make_shared<const T>(std::move(initial))) {}
+  Published(const Published&) = delete;
+  Published& operator=(const Published&) = delete;
+
+  T get() const { return *snapshot(); }
+  operator T() const { return get(); }
+
+  // The value as it is now, without copying it.
+  std::shared_ptr<const T> snapshot() const {
+    const std::lock_guard lock(mutex_);
+    return value_;
+  }
+
+  void set(T value) {
+    owner_->willChange.send();
+    auto next = std::make_shared<const T>(std::move(value));
+    {
+      const std::lock_guard lock(mutex_);
+      value_.swap(next);
+    }
+    owner_->didChange.send();
+  }
+  Published& operator=(T value) {
+    set(std::move(value));
+    return *this;
+  }
+
+  // Changes the value as one step, seen by no reader half done.
+  void edit(const std::function<void(T&)>& change) {
+    owner_->willChange.send();
+    {
+      const std::lock_guard lock(mutex_);
+      T copy = *value_;
+      change(copy);
+      value_ = std::make_shared<const T>(std::move(copy));
+    }
+    owner_->didChange.send();
+  }
+
+  // A binding that holds the owner, so it cannot dangle.
+  template <class Owner>
+  static Binding<T> binding(std::shared_ptr<Owner> owner, Published Owner::*field) {
+    return Binding<T>([owner, field] { return ((*owner).*field).get(); },
+                      [owner, field](const T& v) { ((*owner).*field).set(v); });
+  }
+
+ private:
+  ObservableObject* owner_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<const T> value_;
+};
+
+}  // namespace zq

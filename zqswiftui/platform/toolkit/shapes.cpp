@@ -1,0 +1,127 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/platform/toolkit/shapes.hpp>
+#include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kIdeal = 10;  // the side of a shape that is offered nothing
+
+}  // namespace
+
+class ShapeNode final : public LeafNode {
+ public:
+  using Value = PrimitiveValue<ShapeView, ShapeNode>;
+  using LeafNode::LeafNode;
+
+  void update(const View& next) override {
+    const bool same = shape() == static_cast<const Value&>(*next.value()).value;
+    setView(next);
+    if (!same) invalidatePicture();
+  }
+  std::string debugName() const override { return "Shape"; }
+
+ protected:
+  Size computeSize(const ProposedSize& proposal) override {
+    return proposal.replacingUnspecified({kIdeal, kIdeal});
+  }
+  void record(Piece& piece) override;
+
+ private:
+  const ShapeView& shape() const { return static_cast<const Value&>(*view().value()).value; }
+  void recordFill(Piece& piece, const Paint& paint) const;
+};
+
+void ShapeNode::recordFill(Piece& piece, const Paint& paint) const {
+  const ShapeView& s = shape();
+  const Rect all = localBounds();
+  const double half = std::min(all.width, all.height) / 2;
+  switch (s.kind_) {
+    case ShapeView::Kind::rectangle:
+      piece.emplace_back(FillRect{all, paint});
+      return;
+    case ShapeView::Kind::roundedRectangle:
+      piece.emplace_back(FillRoundedRect{all, std::min(s.radius_, half), s.continuous_, paint});
+      return;
+    case ShapeView::Kind::capsule:
+      piece.emplace_back(FillRoundedRect{all, half, s.continuous_, paint});
+      return;
+    case ShapeView::Kind::circle:
+      piece.emplace_back(FillRoundedRect{
+          {all.midX() - half, all.midY() - half, 2 * half, 2 * half}, half, false, paint});
+      return;
+    case ShapeView::Kind::path:
+      piece.emplace_back(FillPath{s.path_, s.path_->bounds(), paint});
+      return;
+  }
+}
+
+void ShapeNode::record(Piece& piece) {
+  const ShapeView& s = shape();
+  const Rect all = localBounds();
+  if (all.empty()) return;
+  if (s.fill_) recordFill(piece, *s.fill_);
+  if (s.stroke_ && s.style_.lineWidth > 0) {
+    const auto path = std::make_shared<const Path>(
+        s.kind_ == ShapeView::Kind::path ? *s.path_
+                                         : s.outline(all.insetBy(s.style_.lineWidth / 2)));
+    piece.emplace_back(
+        StrokePath{path, path->bounds().insetBy(-s.style_.lineWidth / 2), s.style_, *s.stroke_});
+  }
+  if (!s.fill_ && !s.stroke_) {
+    recordFill(piece, environment().foreground.value_or(Color::primary()));
+  }
+}
+
+ShapeView::operator View() const {
+  return View::make<ShapeNode::Value>(*this);
+}
+
+bool ShapeView::operator==(const ShapeView& o) const {
+  const bool samePath = path_ == o.path_ || (path_ && o.path_ && *path_ == *o.path_);
+  return samePath && kind_ == o.kind_ && continuous_ == o.continuous_ && radius_ == o.radius_ &&
+         fill_ == o.fill_ && stroke_ == o.stroke_ && style_ == o.style_;
+}
+
+ShapeView ShapeView::fill(Color color) const {
+  ShapeView s = *this;
+  s.fill_ = color;
+  return s;
+}
+
+ShapeView ShapeView::fill(LinearGradient gradient) const {
+  ShapeView s = *this;
+  s.fill_ = std::move(gradient);
+  return s;
+}
+
+ShapeView ShapeView::stroke(Color color, StrokeStyle style) const {
+  ShapeView s = *this;
+  s.stroke_ = color;
+  s.style_ = std::move(style);
+  return s;
+}
+
+Path ShapeView::outline(const Rect& rect) const {
+  const double half = std::min(rect.width, rect.height) / 2;
+  Path path;
+  switch (kind_) {
+    case Kind::rectangle:
+      return path.addRect(rect);
+    case Kind::roundedRectangle:
+      return path.addRoundedRect(rect, radius_, continuous_);
+    case Kind::capsule:
+      return path.addRoundedRect(rect, half, continuous_);
+    case Kind::circle:
+      return path.addEllipse({rect.midX() - half, rect.midY() - half, 2 * half, 2 * half});
+    case Kind::path:
+      break;
+  }
+  return path_->transformed(1, 1, rect.origin());
+}
+
+Color::operator View() const {
+  return Rectangle().fill(*this);
+}
+
+}  // namespace zq

@@ -1,0 +1,179 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <cmath>
+#include <zqswiftui/platform/toolkit/text_field.hpp>
+#include <zqswiftui/platform/toolkit/tree/text_field_node.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kInsetX = 6;
+constexpr double kInsetY = 4;
+constexpr double kIdealWidth = 160;
+constexpr double kRadius = 5;
+
+bool continues(char c) {
+  return (static_cast<unsigned char>(c) & 0xc0u) == 0x80u;
+}
+
+std::size_t before(const std::string& s, std::size_t i) {
+  if (i == 0) return 0;
+  for (--i; i > 0 && continues(s[i]);) --i;
+  return i;
+}
+
+std::size_t after(const std::string& s, std::size_t i) {
+  if (i >= s.size()) return s.size();
+  for (++i; i < s.size() && continues(s[i]);) ++i;
+  return i;
+}
+
+}  // namespace
+
+std::unique_ptr<Node> TextFieldValue::makeNode(const NodePlace& place) const {
+  return std::make_unique<TextFieldNode>(place);
+}
+
+void TextFieldNode::mount() {
+  text_ = value().text;
+  caret_ = text_.size();
+}
+
+void TextFieldNode::update(const View& next) {
+  const View was = view();
+  const auto& old = static_cast<const TextFieldValue&>(*was.value());
+  setView(next);
+  // The owner's text wins where it is not what this field told it last.
+  if (value().text == text_ && value().placeholder == old.placeholder) return;
+  text_ = value().text;
+  caret_ = std::min(caret_, text_.size());
+  while (caret_ > 0 && caret_ < text_.size() && continues(text_[caret_])) --caret_;
+  invalidatePicture();
+  tree().contentChanged();
+}
+
+void TextFieldNode::edited(const std::string& text) {
+  if (text == text_) return;
+  text_ = text;
+  caret_ = std::min(caret_, text_.size());
+  const Binding<std::string> binding = value().binding;
+  invalidatePicture();
+  tree().contentChanged();
+  tree().requestFrame();
+  binding.set(text);
+}
+
+void TextFieldNode::submitted() {
+  const auto submit = value().submit;
+  if (submit) submit();
+}
+
+bool TextFieldNode::key(const KeyEvent& event) {
+  std::string text = text_;
+  switch (event.key) {
+    case Key::left:
+      caret_ = before(text, caret_);
+      break;
+    case Key::right:
+      caret_ = after(text, caret_);
+      break;
+    case Key::home:
+      caret_ = 0;
+      break;
+    case Key::end:
+      caret_ = text.size();
+      break;
+    case Key::backspace: {
+      const std::size_t from = before(text, caret_);
+      text.erase(from, caret_ - from);
+      caret_ = from;
+      break;
+    }
+    case Key::deleteForward:
+      text.erase(caret_, after(text, caret_) - caret_);
+      break;
+    case Key::enter:
+      if (!value().submit) return false;
+      submitted();
+      return true;
+    case Key::space:
+    case Key::character:
+      if (event.text.empty() || event.modifiers.control || event.modifiers.alt) return false;
+      text.insert(caret_, event.text);
+      caret_ += event.text.size();
+      break;
+    default:
+      return false;
+  }
+  const std::size_t caret = caret_;
+  edited(text);
+  caret_ = caret;
+  return true;
+}
+
+Size TextFieldNode::computeSize(const ProposedSize& proposal) {
+  const int font = tree().texts().fontNumber(environment().font);
+  const double height = tree().texts().lineHeight(font) + 2 * kInsetY;
+  const double width =
+      proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kIdealWidth;
+  return {width, height};
+}
+
+void TextFieldNode::record(Piece& piece) {
+  const Rect all = localBounds();
+  if (all.empty()) return;
+  const bool focused = tree().focus().focused() == this;
+  const double on = environment().enabled ? 1 : 0.5;
+  piece.emplace_back(FillRoundedRect{all, kRadius, true, Color::primary().opacity(0.06 * on)});
+  const double line = focused ? 2 : 1;
+  Path outline;
+  outline.addRoundedRect(all.insetBy(line / 2), kRadius, true);
+  const Color edge = focused ? Color::accent() : Color::primary().opacity(0.25 * on);
+  piece.emplace_back(StrokePath{std::make_shared<const Path>(std::move(outline)),
+                                all,
+                                {.lineWidth = line, .dash = {}},
+                                edge});
+}
+
+TextFieldState TextFieldNode::state() const {
+  TextFieldState s;
+  s.id = id();
+  s.bounds = toWindow(localBounds().insetBy(0));
+  s.bounds = {s.bounds.x + kInsetX, s.bounds.y + 1, std::max(0.0, s.bounds.width - 2 * kInsetX),
+              std::max(0.0, s.bounds.height - 2)};
+  const Rect visible = intersection(visibleRect(), localBounds());
+  s.clip = intersection(s.bounds, toWindow(visible));
+  s.text = text_;
+  s.placeholder = value().placeholder;
+  s.font = tree().texts().spec(tree().texts().fontNumber(environment().font));
+  s.color = environment().foreground.value_or(Color::primary()).resolve(environment().colorScheme);
+  s.alignment = environment().textAlignment;
+  s.direction = environment().layoutDirection;
+  s.enabled = environment().enabled;
+  s.focused = tree().focus().focused() == this;
+  return s;
+}
+
+void TextFieldNode::describe(std::vector<AccessibilityNode>& out) {
+  AccessibilityNode node;
+  node.id = id();
+  node.role = Role::textField;
+  node.name = value().placeholder;
+  node.value = text_;
+  node.bounds = toWindow(localBounds());
+  node.enabled = node.focusable = environment().enabled;
+  node.focused = tree().focus().focused() == this;
+  out.push_back(std::move(node));
+}
+
+TextField TextField::onSubmit(std::function<void()> action) const {
+  TextField field = *this;
+  field.submit_ = std::move(action);
+  return field;
+}
+
+TextField::operator View() const {
+  return View::make<TextFieldValue>(placeholder_, text_, submit_);
+}
+
+}  // namespace zq

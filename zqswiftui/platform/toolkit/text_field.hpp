@@ -1,0 +1,27 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <zqswiftui/platform/toolkit/view.hpp>
+
+namespace zq {
+
+// One line of text that the user edits; each edit is written to the binding at once. The host
+// lends its native editor, with input methods, selection and clipboard. Takes the width that
+// is offered.
+//   TextField("Name", name).onSubmit([] { save(); })
+class TextField : public ViewModifiers<TextField> {
+ public:
+  TextField(std::string placeholder, Binding<std::string> text)
+      : placeholder_(std::move(placeholder)), text_(std::move(text)) {}
+  TextField onSubmit(std::function<void()> action) const;  // Return was pressed
+  operator View() const;                                   // NOLINT(google-explicit-constructor)
+
+ private:
+  std::string placeholder_;
+  Binding<std::string> text_;
+  std::function<void()> submit_;
+};
+
+}  // namespace zq

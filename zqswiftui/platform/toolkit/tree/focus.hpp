@@ -1,0 +1,36 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <vector>
+#include <zqswiftui/platform/toolkit/events.hpp>
+#include <zqswiftui/platform/toolkit/tree/node.hpp>
+
+namespace zq {
+
+// Where the keyboard goes in one tree. The order of Tab is that of the tree.
+class FocusController {
+ public:
+  // A ring is drawn where the focus came from the keyboard.
+  enum class Ring : unsigned char { hidden, shown };
+
+  explicit FocusController(Tree& tree) : tree_(tree) {}
+
+  Node* focused() const { return focused_; }
+  bool showsRing(const Node& node) const { return focused_ == &node && windowFocused_ && ring_; }
+  void set(Node* node, Ring ring);
+  bool next(bool backwards);  // false at the end: nothing is focused then
+  bool key(const KeyEvent& event);
+  void setWindowFocused(bool focused);
+  void forget(const Node& node);
+
+ private:
+  std::vector<Node*> stops() const;
+  bool pressShortcut(Key key);
+
+  Tree& tree_;
+  Node* focused_ = nullptr;
+  bool ring_ = false;
+  bool windowFocused_ = false;
+};
+
+}  // namespace zq

@@ -1,0 +1,275 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <cmath>
+#include <limits>
+#include <zqswiftui/platform/toolkit/accessibility.hpp>
+#include <zqswiftui/platform/toolkit/tree/items.hpp>
+#include <zqswiftui/platform/toolkit/tree/node.hpp>
+#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kNotGiven = std::numeric_limits<double>::quiet_NaN();
+
+bool sameLength(double a, double b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+}  // namespace
+
+Node::Node(const NodePlace& place)
+    : tree_(place.tree),
+      parent_(place.parent),
+      view_(place.view),
+      environment_(place.parent ? place.parent->childEnvironment() : place.tree.environment()),
+      id_(place.tree.newNodeId()),
+      depth_(place.parent ? place.parent->depth() + 1 : 0) {}
+
+Node::~Node() {
+  tree_.forget(*this);
+}
+
+std::unique_ptr<Node> Node::create(const View& view, Tree& tree, Node* parent) {
+  if (view.empty()) return nullptr;
+  auto node = view.value()->makeNode({tree, parent, view});
+  node->mount();
+  return node;
+}
+
+void Node::reconcile(std::unique_ptr<Node>& child, const View& next) {
+  if (child) {
+    if (child->view_.value() == next.value()) return;
+    if (child->view_.typeId() == next.typeId() && child->accepts(next)) {
+      child->update(next);
+      child->view_ = next;
+      return;
+    }
+    if (child->placed_) child->damageAll();
+    tree_.willRemove(*child);
+    child.reset();
+  } else if (next.empty()) {
+    return;
+  }
+  child = create(next, tree_, this);
+  invalidateBounds();
+  invalidateMeasure();
+}
+
+void Node::setEnvironment(const EnvironmentPtr& environment) {
+  if (environment_ == environment || *environment_ == *environment) {
+    return;
+  }
+  const EnvironmentPtr old = environment_;
+  const EnvironmentPtr oldForChildren = childEnvironment();
+  environment_ = environment;
+  environmentChanged(*old);
+  const EnvironmentPtr forChildren = childEnvironment();
+  if (forChildren == oldForChildren) return;
+  forEachChild([&](Node& child) { child.setEnvironment(forChildren); });
+}
+
+Size Node::measure(const ProposedSize& proposal) {
+  const double width = proposal.width ? *proposal.width : kNotGiven;
+  const double height = proposal.height ? *proposal.height : kNotGiven;
+  for (unsigned char i = 0; i < measuredCount_; ++i) {
+    const Measured& m = measured_[i];
+    if (sameLength(m.width, width) && sameLength(m.height, height)) return m.size;
+  }
+  Size size = computeSize(proposal);
+  size = {sanitized(size.width), sanitized(size.height)};
+  measured_[measuredNext_] = {width, height, size};
+  measuredNext_ = static_cast<unsigned char>((measuredNext_ + 1u) % measured_.size());
+  if (measuredCount_ < measured_.size()) ++measuredCount_;
+  if (measuredCount_ == 1) measured_[0] = {width, height, size}, measuredNext_ = 1;
+  return size;
+}
+
+void Node::place(const Rect& frame, const ProposedSize& proposal) {
+  const bool resized = !placed_ || frame.size() != frame_.size();
+  const bool moved = !placed_ || frame.origin() != frame_.origin();
+  if (moved || resized) noteMove(frame, resized);
+  const bool offeredOther = !(proposal == proposal_);
+  proposal_ = proposal;
+  if (resized) sizeChanged();
+  if (!resized && !layoutDirty_ && !offeredOther) return;
+  layoutDirty_ = false;
+  layoutChildren();
+}
+
+void Node::noteMove(const Rect& next, bool resized) {
+  const bool moved = placed_ && next.origin() != frame_.origin();
+  if (placed_ && moved) damageAll();
+  if (placed_ && !moved && resized) tree_.damage(*this, ownBounds());
+  if (moved) {
+    const Point shown = motion_ ? motion_->at(tree_.now()) : frame_.origin();
+    motion_.reset();
+    if (const auto& animation = tree_.animation()) {
+      motion_ = std::make_unique<Motion<Point>>(
+          Motion<Point>{shown, next.origin(), tree_.now(), *animation});
+      tree_.animate(*this);
+    }
+  }
+  const bool whole = moved || !placed_;
+  frame_ = next;
+  placed_ = true;
+  invalidateBounds();
+  tree_.damageAfterLayout(*this, whole);
+}
+
+void Node::invalidateMeasure() {
+  Node* child = nullptr;
+  for (Node* node = this; node; child = node, node = node->parent_) {
+    if (child) node->childInvalidated(*child);
+    if (node->layoutDirty_ && node->measuredCount_ == 0 && node != this) return;
+    node->clearMeasured();
+    node->layoutDirty_ = true;
+    if (node->sizeIsFixed()) return tree_.addLayoutRoot(*node);
+  }
+}
+
+void Node::invalidatePlacement() {
+  layoutDirty_ = true;
+  if (placed_) tree_.addLayoutRoot(*this);
+}
+
+void Node::relayout() {
+  if (!layoutDirty_) return;
+  layoutDirty_ = false;
+  layoutChildren();
+}
+
+void Node::collectItems(ItemSink&) {}
+
+Point Node::motionOffset() const {
+  if (!motion_) return {};
+  const Point shown = motion_->at(tree_.now());
+  return {shown.x - frame_.x, shown.y - frame_.y};
+}
+
+// --- Record and play ---
+
+void Node::paintChildren(PaintPass& pass, Point origin) {
+  forEachChild([&](Node& child) { paintChild(child, pass, origin); });
+}
+
+void Node::paintChildrenUnculled(PaintPass& pass, Point origin) {
+  Region everything;
+  everything.add({-1e9, -1e9, 2e9, 2e9});
+  PaintPass all{pass.canvas, everything, pass.opacity};
+  paintChildren(all, origin);
+}
+
+void Node::paintChild(Node& child, PaintPass& pass, Point origin) {
+  const Point moving = child.motionOffset();
+  const Point at{origin.x + child.frame_.x + moving.x, origin.y + child.frame_.y + moving.y};
+  if (pass.meets(child.bounds().offsetBy(at))) child.paint(pass, at);
+}
+
+PlayState Node::playState(const PaintPass& pass, Point origin) const {
+  return {origin, environment_->colorScheme, environment_->layoutDirection, pass.opacity};
+}
+
+const Rect& Node::bounds() {
+  if (boundsDirty_) {
+    boundsDirty_ = false;
+    bounds_ = computeBounds();
+  }
+  return bounds_;
+}
+
+Rect Node::computeBounds() {
+  Rect all;
+  forEachChild([&](Node& child) { all = unite(all, mapFromChild(child, child.bounds())); });
+  return unite(ownBounds(), clipOfChildren(all));
+}
+
+void Node::invalidateBounds() {
+  for (Node* node = this; node && !node->boundsDirty_; node = node->parent_) {
+    node->boundsDirty_ = true;
+  }
+}
+
+void Node::damageAll() {
+  tree_.damage(*this, bounds());
+}
+
+void Node::damageOwn() {
+  tree_.damage(*this, ownBounds());
+}
+
+Rect Node::mapFromChild(const Node& child, Rect rect) const {
+  const Point moving = child.motionOffset();
+  return rect.offsetBy({child.frame_.x + moving.x, child.frame_.y + moving.y});
+}
+
+Point Node::mapToChild(const Node& child, Point point) const {
+  const Point moving = child.motionOffset();
+  return {point.x - child.frame_.x - moving.x, point.y - child.frame_.y - moving.y};
+}
+
+Rect Node::toWindow(Rect rect) const {
+  for (const Node* node = this; node->parent_; node = node->parent_) {
+    rect = node->parent_->mapFromChild(*node, rect);
+  }
+  return rect;
+}
+
+Point Node::fromWindow(Point point) const {
+  return parent_ ? parent_->mapToChild(*this, parent_->fromWindow(point)) : point;
+}
+
+Rect Node::visibleRect() const {
+  if (!parent_) return localBounds();
+  const Rect outer = parent_->clipOfChildren(parent_->visibleRect());
+  const Point start = parent_->mapToChild(*this, outer.origin());
+  const Point end = parent_->mapToChild(*this, {outer.maxX(), outer.maxY()});
+  return {start.x, start.y, end.x - start.x, end.y - start.y};
+}
+
+// --- Input ---
+
+bool Node::hitTest(Point point, HitPath& path) {
+  if (hitChildren(point, path) || (takesPointer() && localBounds().contains(point))) {
+    path.push_back({this, point});
+    return true;
+  }
+  return false;
+}
+
+bool Node::hitChildren(Point point, HitPath& path) {
+  std::vector<Node*> children;
+  forEachChild([&](Node& child) { children.push_back(&child); });
+  for (auto it = children.rbegin(); it != children.rend(); ++it) {
+    if (hitChild(**it, point, path)) return true;
+  }
+  return false;
+}
+
+bool Node::hitChild(Node& child, Point point, HitPath& path) {
+  return child.hitTest(child.parent_->mapToChild(child, point), path);
+}
+
+void Node::describe(std::vector<AccessibilityNode>& out) {
+  forEachChild([&](Node& child) { child.describe(out); });
+}
+
+std::string Node::symbolText() {
+  std::string first;
+  forEachChild([&](Node& child) {
+    if (first.empty()) first = child.symbolText();
+  });
+  return first;
+}
+
+std::string Node::accessibleText() {
+  std::string all;
+  forEachChild([&](Node& child) {
+    const std::string text = child.accessibleText();
+    if (text.empty()) return;
+    if (!all.empty()) all += ' ';
+    all += text;
+  });
+  return all;
+}
+
+}  // namespace zq

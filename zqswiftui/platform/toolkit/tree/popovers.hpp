@@ -1,0 +1,42 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+#include <zqswiftui/platform/toolkit/tree/node.hpp>
+
+namespace zq {
+
+// The bubbles above a tree, each beside the view that it belongs to and inside the window.
+class PopoverController {
+ public:
+  explicit PopoverController(Tree& tree) : tree_(tree) {}
+
+  void show(Node& anchor, const View& content, std::function<void()> dismiss);
+  void update(Node& anchor, const View& content);
+  void hide(const Node& anchor);
+  void setEnvironment(const Node& anchor, const EnvironmentPtr& environment);
+  bool dismissTop();
+  // A press outside of the top bubble ends it.
+  bool dismissedBy(Point position);
+  void place();
+  void forEachNode(const NodeVisitor& visit);
+
+ private:
+  struct Bubble {
+    Node* anchor;
+    std::unique_ptr<Node> content;
+    std::function<void()> dismiss;
+  };
+  Bubble* find(const Node& anchor);
+
+  Tree& tree_;
+  std::vector<Bubble> bubbles_;
+};
+
+// Where a bubble of that size stands beside the anchor: below it where there is room, else
+// above, its middle on the anchor's, pushed inside the window.
+Rect popoverFrame(const Rect& anchor, Size bubble, Size window);
+
+}  // namespace zq

@@ -1,0 +1,41 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <zqswiftui/platform/toolkit/events.hpp>
+
+namespace zq {
+
+// What a node does with input. The controllers ask the nodes on a path for theirs, the
+// front-most first.
+class Responder {
+ public:
+  virtual ~Responder() = default;
+
+  virtual bool wantsHover() const { return false; }
+  virtual void hoverChanged(bool /*inside*/) {}
+  // What is left to tell when the node goes while the pointer is on it.
+  virtual std::function<void()> hoverFarewell() const { return nullptr; }
+
+  virtual bool wantsPress() const { return false; }
+  virtual void pressChanged(bool /*down*/) {}
+  virtual void pressed() {}  // released inside, or by key or screen reader
+
+  virtual const DragGesture* dragGesture() const { return nullptr; }
+  virtual const DropTarget* dropTarget() const { return nullptr; }
+  virtual bool wheel(const WheelEvent&) { return false; }
+  virtual std::optional<Cursor> cursor() const { return std::nullopt; }
+  virtual const std::string* help() const { return nullptr; }
+
+  virtual bool focusable() const { return false; }
+  virtual void focusChanged(bool /*focused*/, bool /*ring*/) {}
+  virtual bool key(const KeyEvent&) { return false; }
+  virtual std::optional<Key> shortcut() const { return std::nullopt; }
+  virtual bool isTextField() const { return false; }
+  virtual void edited(const std::string& /*text*/) {}
+  virtual void submitted() {}
+};
+
+}  // namespace zq

@@ -1,0 +1,60 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+#include <zqswiftui/platform/toolkit/display_list.hpp>
+#include <zqswiftui/platform/toolkit/font.hpp>
+
+namespace zq {
+
+// Sizes of texts, each measured once for a font, a width and a number of lines. Bounded: when
+// it is full, what was not asked for lately goes. Interface thread.
+class TextCache {
+ public:
+  // The number of a font, the same for equal ones.
+  int fontNumber(const Font& font);
+  const FontSpec& spec(int fontNumber) const {
+    return fonts_[static_cast<std::size_t>(fontNumber)].spec;
+  }
+  double lineHeight(int fontNumber) const {
+    return fonts_[static_cast<std::size_t>(fontNumber)].lineHeight;
+  }
+  double ascent(int fontNumber) const {
+    return fonts_[static_cast<std::size_t>(fontNumber)].ascent;
+  }
+
+  // Wrapped to the width; infinity for lines that end at line feeds only.
+  TextSize measure(std::string_view text, int fontNumber, double width, int maxLines);
+  std::uint64_t measured() const { return measured_; }
+
+ private:
+  struct Entry {
+    std::string text;
+    double width;
+    int font;
+    int maxLines;
+    TextSize size;
+  };
+  struct KnownFont {
+    Font font;
+    FontSpec spec;
+    double lineHeight;
+    double ascent;
+  };
+  using Map = std::unordered_multimap<std::size_t, Entry>;
+  TextSize compute(std::string_view text, int font, double width, int maxLines);
+  static const Entry* find(const Map& map, std::size_t hash, std::string_view text, int font,
+                           double width, int maxLines);
+
+  std::vector<KnownFont> fonts_;
+  Map young_;
+  Map old_;
+  std::uint64_t measured_ = 0;
+};
+
+}  // namespace zq

@@ -1,0 +1,63 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
+#include <zqswiftui/platform/toolkit/tree/responder.hpp>
+
+namespace zq {
+
+class TextFieldNode;
+
+class TextFieldValue final : public ViewValue {
+ public:
+  TextFieldValue(std::string givenPlaceholder, Binding<std::string> givenBinding,
+                 std::function<void()> givenSubmit)
+      : placeholder(std::move(givenPlaceholder)),
+        binding(std::move(givenBinding)),
+        text(this->binding.get()),
+        submit(std::move(givenSubmit)) {}
+  const void* typeId() const override { return &detail::viewTypeId<TextFieldValue>; }
+  std::unique_ptr<Node> makeNode(const NodePlace& place) const override;
+
+  std::string placeholder;
+  Binding<std::string> binding;
+  std::string text;  // as it was when the view was made
+  std::function<void()> submit;
+};
+
+// Draws the field; the text inside is drawn by the host's native editor, or here where there
+// is none. Keys that arrive here edit the text as a simple editor would.
+class TextFieldNode final : public LeafNode, public Responder {
+ public:
+  using LeafNode::LeafNode;
+  void mount() override;
+  void update(const View& next) override;
+  Responder* responder() override { return this; }
+  bool hasMemory() const override { return true; }
+  bool takesPointer() const override { return true; }
+  bool focusable() const override { return true; }
+  bool isTextField() const override { return true; }
+  void focusChanged(bool, bool) override { invalidatePicture(); }
+  std::optional<Cursor> cursor() const override { return Cursor::text; }
+  bool key(const KeyEvent& event) override;
+  void edited(const std::string& text) override;
+  void submitted() override;
+  TextFieldState state() const;
+  void describe(std::vector<AccessibilityNode>& out) override;
+  std::string debugName() const override { return "TextField"; }
+
+ protected:
+  Size computeSize(const ProposedSize& proposal) override;
+  void record(Piece& piece) override;
+
+ private:
+  const TextFieldValue& value() const {
+    return static_cast<const TextFieldValue&>(*view().value());
+  }
+  std::string text_;       // what is shown; runs ahead of the binding's owner while being typed
+  std::size_t caret_ = 0;  // a byte offset between characters
+};
+
+}  // namespace zq

@@ -1,0 +1,249 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <utility>
+#include <zqswiftui/platform/services/platform.hpp>
+#include <zqswiftui/platform/services/require.hpp>
+#include <zqswiftui/platform/toolkit/tree/component_node.hpp>
+#include <zqswiftui/platform/toolkit/tree/root_node.hpp>
+#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+
+namespace zq {
+namespace {
+
+// Callbacks of one frame may change states that call for another round; a host whose callbacks
+// never settle gets its next round in the next frame.
+constexpr int kMostRounds = 8;
+
+bool inside(const Node& node, const Node& subtree) {
+  for (const Node* n = &node; n; n = n->parent()) {
+    if (n == &subtree) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Tree::Tree(View root, HostDelegate& delegate)
+    : delegate_(delegate),
+      inbox_(std::make_shared<MarkInbox>(delegate)),
+      environment_(std::make_shared<const Environment>()),
+      now_(Platform::current().clock().now()),
+      pointer_(*this),
+      focus_(*this),
+      popovers_(*this) {
+  const View none;
+  root_ = std::make_unique<RootNode>(NodePlace{*this, nullptr, none});
+  root_->setContent(root);
+}
+
+Tree::~Tree() {
+  inbox_->close();
+  visible_ = false;
+  later_.clear();
+}
+
+void Tree::setRoot(const View& view) {
+  root_->setContent(view);
+  requestFrame();
+}
+
+void Tree::setSize(Size size) {
+  const Size next{sanitized(size.width), sanitized(size.height)};
+  if (next == root_->frame().size()) return;
+  root_->place(Rect::of({}, next));
+  damage_.add(root_->localBounds());
+  visibilityDirty_ = true;
+  requestFrame();
+}
+
+void Tree::setAppearance(const AppearanceValues& values) {
+  Environment next = *environment_;
+  next.colorScheme = values.colorScheme;
+  next.layoutDirection = values.layoutDirection;
+  next.reducedMotion = values.reducedMotion;
+  if (next == *environment_) return;
+  const bool turned = next.layoutDirection != environment_->layoutDirection;
+  environment_ = std::make_shared<const Environment>(std::move(next));
+  root_->forEachChild([&](Node& child) { child.setEnvironment(environment_); });
+  if (turned) root_->invalidatePlacement();
+  damage_.add(root_->localBounds());
+  requestFrame();
+}
+
+void Tree::setVisible(bool visible) {
+  if (visible_ == visible) return;
+  visible_ = visible;
+  pointer_.setVisible(visible);
+  if (visible) requestFrame();
+}
+
+bool Tree::needsFrame() const {
+  return inbox_->pending();
+}
+
+void Tree::frame() {
+  inbox_->beginFrame();
+  ++counts_.frames;
+  now_ = Platform::current().clock().now();
+  tickAnimations();
+  layout();
+  for (int round = 0; round < kMostRounds; ++round) {
+    const bool changed = applyMarks();
+    if (!changed && later_.empty()) break;
+    runLater();
+  }
+  tellVisibility();
+  if (!later_.empty()) inbox_->wake();
+}
+
+void Tree::tickAnimations() {
+  // Ticks may start and end animations, and nodes may go: the list is a member while it runs.
+  ticking_ = std::exchange(animated_, {});
+  for (std::size_t i = 0; i < ticking_.size(); ++i) {
+    if (!ticking_[i].node || !ticking_[i].tick(now_)) continue;
+    if (ticking_[i].node) animated_.push_back(std::move(ticking_[i]));
+  }
+  ticking_.clear();
+}
+
+void Tree::animate(Node& node, Tick tick) {
+  animated_.push_back({&node, std::move(tick)});
+  requestFrame();
+}
+
+void Tree::animate(Node& node) {
+  animate(node, [this, &node](double now) {
+    node.damageAll();
+    const bool over = !node.motion() || node.motion()->over(now);
+    if (over) node.endMotion();
+    node.invalidateBounds();
+    if (node.parent()) node.parent()->invalidateBounds();
+    node.damageAll();
+    visibilityDirty_ = true;
+    return !over;
+  });
+}
+
+bool Tree::applyMarks() {
+  MarkInbox::Batch batch = inbox_->take();
+  if (batch.empty() && layoutRoots_.empty()) return false;
+  evaluate(batch.plain);
+  layout();
+  for (auto& [animation, marks] : batch.animated) {
+    if (!environment_->reducedMotion && animation.duration() > 0) animation_ = animation;
+    evaluate(marks);
+    layout();
+    animation_.reset();
+  }
+  return true;
+}
+
+void Tree::evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks) {
+  std::erase_if(marks, [](const auto& mark) { return mark->node() == nullptr; });
+  // Parents first: evaluating one may make or end the children that wait as well.
+  std::stable_sort(marks.begin(), marks.end(), [](const auto& a, const auto& b) {
+    return a->node()->depth() < b->node()->depth();
+  });
+  for (const auto& mark : marks) {
+    if (ComponentNode* node = mark->node()) node->evaluate();
+  }
+  if (!marks.empty()) contentChanged();
+}
+
+void Tree::addLayoutRoot(Node& node) {
+  if (std::find(layoutRoots_.begin(), layoutRoots_.end(), &node) == layoutRoots_.end()) {
+    layoutRoots_.push_back(&node);
+    inbox_->wake();
+  }
+}
+
+void Tree::layout() {
+  if (layoutRoots_.empty() && placed_.empty()) return;
+  while (!layoutRoots_.empty()) {
+    const auto top =
+        std::min_element(layoutRoots_.begin(), layoutRoots_.end(),
+                         [](const Node* a, const Node* b) { return a->depth() < b->depth(); });
+    Node* node = *top;
+    layoutRoots_.erase(top);
+    node->relayout();
+  }
+  popovers_.place();
+  // By the time a rectangle is mapped to the window, everything above it stands.
+  for (const Placed& p : std::exchange(placed_, {})) {
+    if (p.node) p.whole ? p.node->damageAll() : p.node->damageOwn();
+  }
+  visibilityDirty_ = true;
+  contentChanged();
+}
+
+void Tree::runLater() {
+  for (auto& work : std::exchange(later_, {})) work();
+}
+
+void Tree::addVisibilityListener(Node& node, std::function<void(const Rect&)> listener) {
+  visibility_.push_back({&node, std::move(listener)});
+  visibilityDirty_ = true;
+}
+
+void Tree::tellVisibility() {
+  if (!visibilityDirty_) return;
+  visibilityDirty_ = false;
+  for (std::size_t i = 0; i < visibility_.size(); ++i) {
+    visibility_[i].listener(visibility_[i].node->visibleRect());
+  }
+  layout();
+  visibilityDirty_ = false;
+  pointer_.refresh();
+}
+
+// --- Damage ---
+
+void Tree::damage(const Node& node, Rect rect) {
+  if (rect.empty()) return;
+  for (const Node* n = &node; n->parent(); n = n->parent()) {
+    rect = n->parent()->clipOfChildren(n->parent()->mapFromChild(*n, rect));
+    if (rect.empty()) return;
+  }
+  damage_.add(intersection(rect, root_->localBounds()));
+}
+
+void Tree::damageAfterLayout(Node& node, bool whole) {
+  placed_.push_back({&node, whole});
+}
+
+void Tree::paint(Canvas& canvas, const Region& region) {
+  PaintPass pass{canvas, region, 1};
+  root_->paint(pass, {});
+  counts_.textsMeasured = texts_.measured();
+}
+
+Size Tree::sizeThatFits(const ProposedSize& proposal) {
+  applyMarks();
+  return root_->content() ? root_->content()->measure(proposal) : Size{};
+}
+
+// --- Removal ---
+
+void Tree::willRemove(Node& node) {
+  pointer_.willRemove(node);
+  if (focus_.focused() && inside(*focus_.focused(), node)) {
+    focus_.set(nullptr, FocusController::Ring::hidden);
+  }
+  contentChanged();
+}
+
+void Tree::forget(const Node& node) {
+  for (Animated& a : ticking_) {
+    if (a.node == &node) a.node = nullptr;
+  }
+  std::erase_if(animated_, [&](const Animated& a) { return a.node == &node; });
+  for (Placed& p : placed_) {
+    if (p.node == &node) p.node = nullptr;
+  }
+  std::erase(layoutRoots_, &node);
+  std::erase_if(visibility_, [&](const VisibilityListener& v) { return v.node == &node; });
+  pointer_.forget(node);
+  focus_.forget(node);
+}
+
+}  // namespace zq

@@ -1,0 +1,118 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+#include <zqswiftui/platform/toolkit/tree/focus.hpp>
+#include <zqswiftui/platform/toolkit/tree/marks.hpp>
+#include <zqswiftui/platform/toolkit/tree/node.hpp>
+#include <zqswiftui/platform/toolkit/tree/pointer.hpp>
+#include <zqswiftui/platform/toolkit/tree/popovers.hpp>
+#include <zqswiftui/platform/toolkit/tree/text_cache.hpp>
+#include <zqswiftui/platform/toolkit/view_host.hpp>
+
+namespace zq {
+
+class RootNode;
+
+// The nodes of one hosted view and the frame that brings them up to date. Interface thread.
+class Tree {
+ public:
+  Tree(View root, HostDelegate& delegate);
+  ~Tree();
+
+  void setRoot(const View& view);
+  void setSize(Size size);
+  void setAppearance(const AppearanceValues& values);
+  void setVisible(bool visible);
+  RootNode& root() const { return *root_; }
+  HostDelegate& delegate() const { return delegate_; }
+  const EnvironmentPtr& environment() const { return environment_; }
+  std::uint64_t newNodeId() { return ++lastNodeId_; }
+  double now() const { return now_; }
+
+  // --- The frame ---
+  void frame();
+  bool needsFrame() const;
+  bool animating() const { return visible_ && !animated_.empty(); }
+  void requestFrame() { inbox_->wake(); }
+  const std::shared_ptr<MarkInbox>& inbox() const { return inbox_; }
+  // The animation of the change that is being applied; none with reduced motion.
+  const std::optional<Animation>& animation() const { return animation_; }
+  void animate(Node& node);                      // its way to another place
+  using Tick = std::function<bool(double now)>;  // at each frame, until it answers false
+  void animate(Node& node, Tick tick);
+  // After this frame's layout, when nothing is being evaluated: callbacks to the host's code.
+  void later(std::function<void()> work) { later_.push_back(std::move(work)); }
+  void addLayoutRoot(Node& node);
+  // Nodes that must know what of them can be seen, after each layout and scroll.
+  void addVisibilityListener(Node& node, std::function<void(const Rect&)> listener);
+  void visibilityMayHaveChanged() { visibilityDirty_ = true; }
+  void contentChanged() { ++accessibilityVersion_; }
+
+  // --- Damage ---
+  void damage(const Node& node, Rect localRect);
+  void damageAfterLayout(Node& node, bool whole);
+  Region& damageRegion() { return damage_; }
+
+  // --- Removal ---
+  void willRemove(Node& node);  // input and focus leave it; callbacks of its end are queued
+  void forget(const Node& node);
+
+  TextCache& texts() { return texts_; }
+  PointerController& pointer() { return pointer_; }
+  FocusController& focus() { return focus_; }
+  PopoverController& popovers() { return popovers_; }
+  WorkCounts& counts() { return counts_; }
+  std::uint64_t accessibilityVersion() const { return accessibilityVersion_; }
+  void paint(Canvas& canvas, const Region& region);
+  Size sizeThatFits(const ProposedSize& proposal);
+
+ private:
+  struct Animated {
+    Node* node;
+    Tick tick;
+  };
+  struct Placed {
+    Node* node;
+    bool whole;
+  };
+  struct VisibilityListener {
+    Node* node;
+    std::function<void(const Rect&)> listener;
+  };
+  void tickAnimations();
+  bool applyMarks();
+  void evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks);
+  void layout();
+  void runLater();
+  void tellVisibility();
+
+  HostDelegate& delegate_;
+  std::shared_ptr<MarkInbox> inbox_;
+  EnvironmentPtr environment_;
+  std::uint64_t lastNodeId_ = 0;
+  double now_ = 0;
+  bool visible_ = true;
+  bool visibilityDirty_ = true;
+  std::optional<Animation> animation_;
+  std::vector<Animated> animated_;
+  std::vector<Animated> ticking_;  // what this frame's ticks run through
+  std::vector<Node*> layoutRoots_;
+  std::vector<Placed> placed_;
+  std::vector<std::function<void()>> later_;
+  std::vector<VisibilityListener> visibility_;
+  Region damage_;
+  WorkCounts counts_;
+  std::uint64_t accessibilityVersion_ = 1;
+  TextCache texts_;
+  PointerController pointer_;
+  FocusController focus_;
+  PopoverController popovers_;
+  std::unique_ptr<RootNode> root_;  // last: it goes first, while the rest still stands
+};
+
+}  // namespace zq

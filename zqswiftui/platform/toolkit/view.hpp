@@ -36,11 +36,11 @@ class ViewValue {
   mutable std::atomic<unsigned> references_{0};
 };
 
+// Asked for its body first: whether it can be copied would ask for its conversions to a view.
 template <class T>
-concept Component = std::copy_constructible<T> && !std::same_as<T, View> &&
-                    requires(const T& value, Context& context) {
-                      { value.body(context) } -> std::same_as<View>;
-                    };
+concept Component = requires(const T& value, Context& context) {
+  { value.body(context) } -> std::same_as<View>;
+};
 
 template <class Self>
 class ViewModifiers;

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <zqswiftui/platform/toolkit/symbols/symbol_forms.hpp>
 #include <zqswiftui/platform/toolkit/symbols/symbol_text.hpp>
 
@@ -18,21 +19,20 @@ std::string_view outline(SymbolEnclosure enclosure, bool filled) {
 }
 
 // Of a line wider than the common weight only what exceeds it shrinks with the drawing.
-double scaledWidth(double width, double scale) {
-  return width <= kSymbolWeight ? width : kSymbolWeight + (width - kSymbolWeight) * scale;
+double innerWidth(double width, SymbolInner inner) {
+  const double line = std::min(width, kSymbolWeight);
+  return line * inner.weight + (width - line) * inner.scale;
 }
 
 }  // namespace
 
-SymbolDrawing enclosedSymbol(const SymbolDrawing& inner, double scale, SymbolEnclosure enclosure,
-                             bool filled) {
+SymbolDrawing enclosedSymbol(const SymbolDrawing& drawing, SymbolInner inner,
+                             SymbolEnclosure enclosure, bool filled) {
   SymbolDrawing result = readSymbol(outline(enclosure, filled));
-  // The glyph is a mask of its own: what it erases of itself must not eat into the ring, so
-  // nothing of it may reach there; every part is small enough by the scale.
-  const double shift = 0.5 - 0.5 * scale;
-  for (const SymbolPart& part : inner.parts) {
-    result.parts.push_back({part.path.transformed(scale, scale, {shift, shift}),
-                            scaledWidth(part.lineWidth, scale), part.erase != filled});
+  const double shift = 0.5 - 0.5 * inner.scale;
+  for (const SymbolPart& part : drawing.parts) {
+    result.parts.push_back({part.path.transformed(inner.scale, inner.scale, {shift, shift}),
+                            innerWidth(part.lineWidth, inner), part.erase != filled});
   }
   return result;
 }

@@ -6,12 +6,21 @@
 
 namespace zq {
 
+// How a drawing changes inside a circle or square: the part of its size and of its line
+// weight that is left.
+struct SymbolInner {
+  double scale = 0.5;
+  double weight = 1;
+};
+// For drawings of many lines, which would run together at the common weight.
+inline constexpr SymbolInner kFineInner{0.54, 0.68};
+
 // One base drawing of the table, in the notation of symbol_text.hpp.
 struct SymbolRow {
   std::string_view name;
   std::string_view drawing;
   std::string_view fill = {};  // where the rule for ".fill" cannot give a good one
-  double inner = 0.5;          // how much of its size is left inside a circle or square
+  SymbolInner inner = {};
 };
 
 std::span<const SymbolRow> arrowRows();

@@ -16,7 +16,6 @@
 namespace zq {
 namespace {
 
-constexpr double kHostInner = 0.5;
 // Names come from hosts and their data: a flood of wrong ones must not fill the memory.
 constexpr std::size_t kMostComplaints = 1000;
 constexpr int kMostShown = 80;
@@ -37,8 +36,8 @@ bool takeSuffix(std::string_view& name, std::string_view suffix) {
 class SymbolStore {
  public:
   SymbolStore() {
-    for (const auto& rows : {arrowRows(), markRows(), controlRows(), documentRows(), thingRows(),
-                             letterRows()}) {
+    for (const auto& rows :
+         {arrowRows(), markRows(), controlRows(), documentRows(), thingRows(), letterRows()}) {
       for (const SymbolRow& row : rows) rows_.emplace(row.name, &row);
     }
   }
@@ -77,11 +76,11 @@ class SymbolStore {
   struct Base {
     SymbolDrawing drawing;
     std::string_view fill;
-    double inner = kHostInner;
+    SymbolInner inner;
   };
 
   std::optional<Base> base(std::string_view name) const {
-    if (hosts_.contains(name)) return Base{*known_.find(name)->second, {}, kHostInner};
+    if (hosts_.contains(name)) return Base{*known_.find(name)->second, {}, {}};
     const auto row = rows_.find(name);
     if (row == rows_.end()) return std::nullopt;
     return Base{readSymbol(row->second->drawing), row->second->fill, row->second->inner};

@@ -61,6 +61,7 @@ void addPolygon(Path& path, const std::vector<Point>& points, double radius) {
 void addStar(Path& path, Numbers n) {
   std::vector<Point> points;
   const int tips = static_cast<int>(n[4]);
+  points.reserve(2 * static_cast<std::size_t>(tips));
   for (int i = 0; i < 2 * tips; ++i) {
     points.push_back(polar({n[0], n[1]}, i % 2 == 0 ? n[2] : n[3], -90 + 180.0 * i / tips));
   }

@@ -89,7 +89,7 @@ class SymbolStore {
   std::optional<SymbolDrawing> form(std::string_view name) const {
     if (const std::optional<Base> plain = base(name)) return plain->drawing;
     const bool filled = takeSuffix(name, ".fill");
-    if (const std::optional<SymbolDrawing> open = bare(name, filled)) return open;
+    if (std::optional<SymbolDrawing> open = bare(name, filled)) return open;
     std::optional<SymbolEnclosure> enclosure;
     if (takeSuffix(name, ".circle")) {
       enclosure = SymbolEnclosure::circle;

@@ -80,4 +80,10 @@ using DrawCommand = std::variant<FillRect, FillRoundedRect, FillPath, StrokePath
 
 Rect boundsOf(const DrawCommand& command);
 
+// One line for people: `text 8,4 40x16 "Save" system 13 primary`. The origin is added to the
+// bounds; numbers have two decimals at most.
+std::string describe(const DrawCommand& command, Point origin = {});
+std::string describe(const Rect& rect);      // "8,4 40x16"
+std::string describe(const FontSpec& font);  // "system 13 bold"
+
 }  // namespace zq

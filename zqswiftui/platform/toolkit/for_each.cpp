@@ -57,6 +57,7 @@ class ForEachNode final : public Node, private ItemArray::Source {
   }
   void update(const View& next) override;
   void forEachChild(const NodeVisitor& visit) override { items_.forEachNode(visit); }
+  bool hitTest(Point point, HitPath& path) override { return hitItems(items_, *this, point, path); }
   bool hasMemory() const override { return true; }
   bool isGroup() const override { return true; }
   void collectItems(ItemSink& sink) override {
@@ -76,6 +77,15 @@ class ForEachNode final : public Node, private ItemArray::Source {
   Size computeSize(const ProposedSize& proposal) override;
   void layoutChildren() override;
   void childInvalidated(Node& child) override { items_.invalidated(child); }
+  void environmentChanged(const Environment& old) override {
+    // Children without a node cannot say that their texts are of another size now.
+    if (old.font == environment().font && old.lineLimit == environment().lineLimit &&
+        old.custom == environment().custom) {
+      return;
+    }
+    items_.forgetSizes();
+    invalidateMeasure();
+  }
   Rect computeBounds() override {
     return items_.isVirtual() ? unite(items_.frames(), Node::computeBounds())
                               : Node::computeBounds();

@@ -40,6 +40,7 @@ class LayoutNode final : public Node, private ItemArray::Source {
   }
   void update(const View& next) override;
   void forEachChild(const NodeVisitor& visit) override { items_.forEachNode(visit); }
+  bool hitTest(Point point, HitPath& path) override { return hitItems(items_, *this, point, path); }
   std::string debugName() const override { return "Layout"; }
 
  protected:
@@ -49,9 +50,6 @@ class LayoutNode final : public Node, private ItemArray::Source {
   }
   void layoutChildren() override;
   void childInvalidated(Node& child) override { items_.invalidated(child); }
-  void environmentChanged(const Environment& old) override {
-    if (old.layoutDirection != environment().layoutDirection) invalidatePlacement();
-  }
 
  private:
   const LayoutValue& value() const { return static_cast<const LayoutValue&>(*view().value()); }

@@ -23,8 +23,10 @@ class EnvironmentNode final : public ModifierNode<EnvironmentValue> {
   void update(const View& next) override {
     const EnvironmentPtr now = changedEnvironment(valueOf(next));
     if (!(*now == *inner_)) {
+      const bool turned = now->layoutDirection != inner_->layoutDirection;
       inner_ = now;
       if (child()) child()->setEnvironment(inner_);
+      if (turned) invalidatePlacement();
     }
     setChild(valueOf(next).child);
   }

@@ -6,32 +6,29 @@
 
 namespace zq {
 
-// Plays display lists as text, for tests: one command a line with its bounds in the window,
-// groups indented.
-//   text "Save" 10,8 24x16 body primary
-//   opacity 0.5 {
-//     capsule 4,4 60x20 teal
+// Writes what is played onto it as text, one command a line with its place in the window, in
+// points; clips, scales and common opacities are groups. For tests and for looking at a
+// screen that nobody can see. Interface thread only.
+//   clip 0,0 100x20 {
+//     text 8,2 40x16 "Save" system 13 primary
 //   }
-class TextCanvas final : public Canvas {
+class TextCanvas : public Canvas {
  public:
+  const std::string& text() const { return text_; }
+
   void draw(const DrawCommand& command, const PlayState& state) override;
   void pushClip(const Rect& rect) override;
   void pushClip(const Path& path, Point origin) override;
   void pushOpacity(double opacity, const Rect& bounds) override;
   void pushScale(double scaleX, double scaleY, Point about) override;
   void pop() override;
-  const std::string& text() const { return text_; }
 
  private:
-  void line(const std::string& content);
-  void open(const std::string& content);
-  std::string text_;
-  int depth_ = 0;
-};
+  void line(const std::string& text);
+  void open(const std::string& text);
 
-// "10,8 24x16": at most two decimals.
-std::string describe(const Rect& rect);
-// One line, without a line feed.
-std::string describe(const DrawCommand& command, const PlayState& state);
+  std::string text_;
+  std::size_t depth_ = 0;
+};
 
 }  // namespace zq

@@ -221,11 +221,28 @@ void ItemArray::paint(PaintPass& pass, Point origin) {
   }
 }
 
+void ItemArray::forgetSizes() {
+  std::fill(idealKnown_.begin(), idealKnown_.end(), static_cast<unsigned char>(0));
+  unknown_ = nodes_.size();
+  other_.clear();
+}
+
 bool ItemArray::hitTest(Point point, HitPath& path) {
   for (std::size_t i = nodes_.size(); i-- > 0;) {
-    if (nodes_[i] && Node::hitChild(*nodes_[i], point, path)) return true;
+    Node* node = nodes_[i].get();
+    if (!node) continue;
+    // What a child draws outside of its frame can be hit as well.
+    const Point inside = owner_.mapToChild(*node, point);
+    if (!node->localBounds().contains(inside) && !node->bounds().contains(inside)) continue;
+    if (node->hitTest(inside, path)) return true;
   }
   return false;
+}
+
+bool hitItems(ItemArray& items, Node& owner, Point point, HitPath& path) {
+  if (!items.hitTest(point, path)) return false;
+  path.push_back({&owner, point});
+  return true;
 }
 
 }  // namespace zq

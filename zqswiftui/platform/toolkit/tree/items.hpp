@@ -57,6 +57,7 @@ class ItemArray {
   bool isVirtual() const { return keep_ == Keep::whileVisible && size() > kLarge; }
   Rect frames() const;  // of all, united
   void paint(PaintPass& pass, Point origin);
+  void forgetSizes();
   bool hitTest(Point point, HitPath& path);
 
  private:
@@ -81,6 +82,9 @@ class ItemArray {
   double width_ = 0;
   bool mirrored_ = false;
 };
+
+// Hit testing of a container whose children are such an array.
+bool hitItems(ItemArray& items, Node& owner, Point point, HitPath& path);
 
 // Gathers the items of a container through the groups in it.
 class ItemSink {

@@ -62,6 +62,7 @@ void Node::setEnvironment(const EnvironmentPtr& environment) {
   const EnvironmentPtr old = environment_;
   const EnvironmentPtr oldForChildren = childEnvironment();
   environment_ = environment;
+  if (old->layoutDirection != environment->layoutDirection) layoutDirty_ = true;
   environmentChanged(*old);
   const EnvironmentPtr forChildren = childEnvironment();
   if (forChildren == oldForChildren) return;
@@ -133,7 +134,8 @@ void Node::invalidatePlacement() {
 }
 
 void Node::relayout() {
-  if (!layoutDirty_) return;
+  // One that was never placed has no size yet: whoever places it lays it out.
+  if (!layoutDirty_ || !placed_) return;
   layoutDirty_ = false;
   layoutChildren();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -32,7 +33,21 @@ struct NodePlace {
   const View& view;
 };
 
-using NodeVisitor = std::function<void(Node&)>;
+// A function for each node of a walk: lent for the call, nothing is copied or allocated.
+class NodeVisitor {
+ public:
+  template <class F>
+    requires(!std::same_as<std::remove_cvref_t<F>, NodeVisitor>)
+  NodeVisitor(F&& visit)  // NOLINT(google-explicit-constructor): a lambda is a visitor
+      : object_(std::addressof(visit)), call_([](const void* object, Node& node) {
+          (*static_cast<const std::remove_cvref_t<F>*>(object))(node);
+        }) {}
+  void operator()(Node& node) const { call_(object_, node); }
+
+ private:
+  const void* object_;
+  void (*call_)(const void*, Node&);
+};
 
 // One playing of display lists: the canvas, what of the window needs painting, and what the
 // nodes above have set.

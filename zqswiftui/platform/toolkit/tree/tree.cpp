@@ -40,6 +40,8 @@ Tree::~Tree() {
   inbox_->close();
   visible_ = false;
   later_.clear();
+  root_->setContent(View());
+  runLater();  // the views' farewells
 }
 
 void Tree::setRoot(const View& view) {

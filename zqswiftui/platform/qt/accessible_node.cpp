@@ -1,0 +1,194 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QAccessibleInterface>
+#include <QLineEdit>
+#include <QWindow>
+#include <zqswiftui/platform/qt/accessible_node.hpp>
+#include <zqswiftui/platform/qt/conversions.hpp>
+#include <zqswiftui/platform/qt/host_fields.hpp>
+#include <zqswiftui/platform/qt/host_widget.hpp>
+
+namespace zq::qt {
+
+QAccessible::Role toQRole(Role role) {
+  switch (role) {
+    case Role::none:
+    case Role::group:
+      return QAccessible::Grouping;
+    case Role::text:
+      return QAccessible::StaticText;
+    case Role::button:
+      return QAccessible::PushButton;
+    case Role::toggle:
+      return QAccessible::CheckBox;
+    case Role::textField:
+      return QAccessible::EditableText;
+    case Role::image:
+      return QAccessible::Graphic;
+    case Role::progress:
+      return QAccessible::ProgressBar;
+    case Role::scrollArea:
+      return QAccessible::Pane;
+    case Role::list:
+      return QAccessible::List;
+    case Role::slider:
+      return QAccessible::Slider;
+    case Role::window:
+      return QAccessible::Client;
+  }
+  return QAccessible::NoRole;
+}
+
+int indexAmong(AccessibleTree& tree, const AccessibilityNode& parent,
+               const QAccessibleInterface* child) {
+  for (std::size_t i = 0; i < parent.children.size(); ++i) {
+    if (tree.interfaceOf(parent.children[i].id) == child) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+const AccessibilityNode* focusedIn(const AccessibilityNode& node) {
+  if (node.focused) return &node;
+  for (const AccessibilityNode& child : node.children) {
+    if (const AccessibilityNode* found = focusedIn(child)) return found;
+  }
+  return nullptr;
+}
+
+const AccessibilityNode* AccessibleNode::node() const {
+  const auto tree = tree_.lock();
+  return tree ? tree->find(id_) : nullptr;
+}
+
+QWindow* AccessibleNode::window() const {
+  const auto tree = tree_.lock();
+  return tree ? tree->host().window()->windowHandle() : nullptr;
+}
+
+QAccessibleInterface* AccessibleNode::parent() const {
+  const auto tree = tree_.lock();
+  return tree ? tree->parentOf(id_) : nullptr;
+}
+
+int AccessibleNode::childCount() const {
+  const AccessibilityNode* self = node();
+  return self != nullptr ? static_cast<int>(self->children.size()) : 0;
+}
+
+QAccessibleInterface* AccessibleNode::child(int index) const {
+  const AccessibilityNode* self = node();
+  if (self == nullptr || index < 0 || index >= static_cast<int>(self->children.size())) {
+    return nullptr;
+  }
+  return tree_.lock()->interfaceOf(self->children[static_cast<std::size_t>(index)].id);
+}
+
+QAccessibleInterface* AccessibleNode::childAt(int x, int y) const {
+  const AccessibilityNode* self = node();
+  return self != nullptr ? tree_.lock()->childAt(*self, {x, y}) : nullptr;
+}
+
+int AccessibleNode::indexOfChild(const QAccessibleInterface* child) const {
+  const AccessibilityNode* self = node();
+  return self != nullptr ? indexAmong(*tree_.lock(), *self, child) : -1;
+}
+
+QAccessibleInterface* AccessibleNode::focusChild() const {
+  const AccessibilityNode* self = node();
+  const AccessibilityNode* focused = self != nullptr ? focusedIn(*self) : nullptr;
+  return focused != nullptr ? tree_.lock()->interfaceOf(focused->id) : nullptr;
+}
+
+QString AccessibleNode::text(QAccessible::Text what) const {
+  const AccessibilityNode* self = node();
+  if (self == nullptr) return {};
+  switch (what) {
+    case QAccessible::Name:
+      return toQString(self->name);
+    case QAccessible::Value:
+      return toQString(self->value);
+    case QAccessible::Description:
+      return toQString(self->description);
+    default:
+      return {};
+  }
+}
+
+void AccessibleNode::setText(QAccessible::Text what, const QString& text) {
+  const auto tree = tree_.lock();
+  if (tree && what == QAccessible::Value) {
+    tree->host().host().accessibilitySetValue(id_, text.toStdString());
+  }
+}
+
+QRect AccessibleNode::rect() const {
+  const AccessibilityNode* self = node();
+  return self != nullptr ? tree_.lock()->screenRect(*self) : QRect();
+}
+
+QAccessible::Role AccessibleNode::role() const {
+  const AccessibilityNode* self = node();
+  return self != nullptr ? toQRole(self->role) : QAccessible::NoRole;
+}
+
+QAccessible::State AccessibleNode::state() const {
+  QAccessible::State state;
+  const AccessibilityNode* self = node();
+  if (self == nullptr) {
+    state.invalid = true;
+    return state;
+  }
+  const auto tree = tree_.lock();
+  state.disabled = !self->enabled;
+  state.focusable = self->focusable;
+  state.focused = self->focused;
+  state.checkable = self->checked.has_value();
+  state.checked = self->checked.value_or(false);
+  state.editable = self->role == Role::textField;
+  state.readOnly = self->role == Role::text;
+  state.invisible = !tree->host().isVisible();
+  state.offscreen = !toQRectF(self->bounds).intersects(QRectF(tree->host().rect()));
+  return state;
+}
+
+void* AccessibleNode::interface_cast(QAccessible::InterfaceType type) {
+  const AccessibilityNode* self = node();
+  if (self == nullptr) return nullptr;
+  if (type == QAccessible::ActionInterface && (self->pressable || self->focusable)) {
+    return static_cast<QAccessibleActionInterface*>(this);
+  }
+  // Cursor and selection are those of the native editor over the field.
+  if (self->role == Role::textField &&
+      (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface)) {
+    QLineEdit* edit = tree_.lock()->host().fields().editor(id_);
+    auto* native = edit != nullptr ? QAccessible::queryAccessibleInterface(edit) : nullptr;
+    return native != nullptr ? native->interface_cast(type) : nullptr;
+  }
+  return nullptr;
+}
+
+QStringList AccessibleNode::actionNames() const {
+  QStringList names;
+  const AccessibilityNode* self = node();
+  if (self == nullptr) return names;
+  if (self->pressable) names.push_back(self->checked ? toggleAction() : pressAction());
+  if (self->focusable) names.push_back(setFocusAction());
+  return names;
+}
+
+void AccessibleNode::doAction(const QString& name) {
+  if (!actionNames().contains(name)) return;
+  const auto tree = tree_.lock();
+  ViewHost& host = tree->host().host();
+  if (name != setFocusAction()) {
+    host.accessibilityPress(id_);
+  } else if (host.accessibilityFocus(id_)) {
+    tree->host().activateWindow();
+    tree->host().setFocus(Qt::OtherFocusReason);
+  }
+}
+
+QStringList AccessibleNode::keyBindingsForAction(const QString&) const {
+  return {};
+}
+
+}  // namespace zq::qt

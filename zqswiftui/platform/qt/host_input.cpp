@@ -1,0 +1,218 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+#include <QWheelEvent>
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <zqswiftui/platform/qt/conversions.hpp>
+#include <zqswiftui/platform/qt/host_fields.hpp>
+#include <zqswiftui/platform/qt/host_widget.hpp>
+#include <zqswiftui/platform/services/drag_data.hpp>
+
+namespace zq::qt {
+namespace {
+
+// Qt counts a wheel in eighths of a degree, 120 for a notch; a notch scrolls by 48 points.
+constexpr double kPointsPerEighth = 48.0 / 120.0;
+constexpr qsizetype kMaxDroppedUrls = 10000;
+constexpr qsizetype kMaxDroppedText = qsizetype{16} << 20;
+
+constexpr std::array<std::pair<int, Key>, 16> kKeys{{
+    {Qt::Key_Tab, Key::tab},
+    {Qt::Key_Backtab, Key::tab},
+    {Qt::Key_Return, Key::enter},
+    {Qt::Key_Enter, Key::enter},
+    {Qt::Key_Escape, Key::escape},
+    {Qt::Key_Space, Key::space},
+    {Qt::Key_Backspace, Key::backspace},
+    {Qt::Key_Delete, Key::deleteForward},
+    {Qt::Key_Left, Key::left},
+    {Qt::Key_Right, Key::right},
+    {Qt::Key_Up, Key::up},
+    {Qt::Key_Down, Key::down},
+    {Qt::Key_Home, Key::home},
+    {Qt::Key_End, Key::end},
+    {Qt::Key_PageUp, Key::pageUp},
+    {Qt::Key_PageDown, Key::pageDown},
+}};
+
+Modifiers modifiersOf(Qt::KeyboardModifiers modifiers) {
+  return {modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier),
+          modifiers.testFlag(Qt::AltModifier)};
+}
+
+PointerButton buttonOf(Qt::MouseButton button) {
+  if (button == Qt::LeftButton) return PointerButton::primary;
+  return button == Qt::RightButton ? PointerButton::secondary : PointerButton::middle;
+}
+
+// Keys that neither type nor mean anything here are none.
+std::optional<KeyEvent> toKeyEvent(const QKeyEvent& event) {
+  KeyEvent result;
+  result.modifiers = modifiersOf(event.modifiers());
+  const QString text = event.text();
+  if (!text.isEmpty() && text.front().isPrint()) result.text = text.toStdString();
+  for (const auto& [key, meaning] : kKeys) {
+    if (event.key() != key) continue;
+    result.key = meaning;
+    if (key == Qt::Key_Backtab) result.modifiers.shift = true;
+    return result;
+  }
+  // With Control held a key types nothing, but it still is that letter.
+  if (result.text.empty() && event.key() > Qt::Key_Space && event.key() < 0x7f) {
+    result.text = QString(QChar(event.key())).toLower().toStdString();
+  }
+  if (result.text.empty()) return std::nullopt;
+  return result;
+}
+
+// The types alone: the data is fetched when it is dropped.
+DropInfo offered(const QDropEvent& event) {
+  DropInfo info;
+  info.location = toPoint(event.position());
+  if (event.mimeData()->hasFormat(QStringLiteral("text/uri-list"))) {
+    info.types = {std::string(dragTypeFileUrl), std::string(dragTypeUrl)};
+  }
+  if (event.mimeData()->hasFormat(QStringLiteral("text/plain"))) {
+    info.types.emplace_back(dragTypeText);
+  }
+  return info;
+}
+
+DropInfo dropped(const QDropEvent& event) {
+  DropInfo info = offered(event);
+  const QList<QUrl> urls = event.mimeData()->urls();
+  bool files = false;
+  for (const QUrl& url : urls.first(std::min(urls.size(), kMaxDroppedUrls))) {
+    files = files || url.isLocalFile();
+    info.urls.push_back(url.toEncoded().toStdString());
+  }
+  if (!files) std::erase(info.types, dragTypeFileUrl);
+  if (event.mimeData()->hasFormat(QStringLiteral("text/plain"))) {
+    info.text = event.mimeData()->text().left(kMaxDroppedText).toStdString();
+  }
+  return info;
+}
+
+bool byKeyboard(Qt::FocusReason reason) {
+  return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+}
+
+}  // namespace
+
+int HostWidget::countClicks(const QMouseEvent& event) {
+  const QPoint position = event.position().toPoint();
+  const bool again = sincePress_.isValid() &&
+                     sincePress_.elapsed() < QApplication::doubleClickInterval() &&
+                     (position - lastPress_).manhattanLength() < QApplication::startDragDistance();
+  clicks_ = again ? clicks_ + 1 : 1;
+  sincePress_.start();
+  lastPress_ = position;
+  return clicks_;
+}
+
+void HostWidget::mousePressEvent(QMouseEvent* event) {
+  const bool taken = host_->pointerDown(toPoint(event->position()), buttonOf(event->button()),
+                                        countClicks(*event), modifiersOf(event->modifiers()));
+  if (taken) fields_->takeFocus(Qt::MouseFocusReason);
+  event->setAccepted(taken);
+}
+
+void HostWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+void HostWidget::mouseReleaseEvent(QMouseEvent* event) {
+  event->setAccepted(host_->pointerUp(toPoint(event->position()), buttonOf(event->button()),
+                                      modifiersOf(event->modifiers())));
+}
+
+void HostWidget::mouseMoveEvent(QMouseEvent* event) {
+  event->setAccepted(
+      host_->pointerMove(toPoint(event->position()), modifiersOf(event->modifiers())));
+}
+
+void HostWidget::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  host_->pointerLeft();
+}
+
+void HostWidget::wheelEvent(QWheelEvent* event) {
+  const QPointF pixels(event->pixelDelta());
+  const QPointF delta = pixels.isNull() ? QPointF(event->angleDelta()) * kPointsPerEighth : pixels;
+  // Qt counts towards the beginning, the view towards the end.
+  event->setAccepted(host_->wheel({toPoint(event->position()), -delta.x(), -delta.y()}));
+}
+
+void HostWidget::keyPressEvent(QKeyEvent* event) {
+  const std::optional<KeyEvent> key = toKeyEvent(*event);
+  // What an editor leaves over must not be typed into the field a second time.
+  const bool typing = fields_->haveFocus() && key && !key->text.empty() && key->key != Key::enter;
+  if (key && !typing && host_->key(*key)) return fields_->followFocus();
+  QWidget::keyPressEvent(event);
+}
+
+void HostWidget::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  if (fields_->movingFocus()) return;
+  host_->focusIn(byKeyboard(event->reason()), event->reason() == Qt::BacktabFocusReason);
+  fields_->followFocus();
+}
+
+void HostWidget::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  if (!fields_->movingFocus() && !fields_->haveFocus()) host_->focusOut();
+}
+
+bool HostWidget::focusNextPrevChild(bool next) {
+  if (!host_->focusNext(!next)) {
+    // Beyond the ends of the view lie the other widgets of the window; without any, the way
+    // begins again.
+    if (QWidget::focusNextPrevChild(next) && QApplication::focusWidget() != this) return true;
+    host_->focusIn(true, !next);
+  }
+  fields_->takeFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+void HostWidget::answerDrag(QDropEvent& event) {
+  if (host_->dragMoved(offered(event))) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+  } else {
+    event.ignore();
+  }
+}
+
+void HostWidget::dragEnterEvent(QDragEnterEvent* event) {
+  // Taken wherever it enters: a place for it may lie further inside.
+  host_->dragMoved(offered(*event));
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void HostWidget::dragMoveEvent(QDragMoveEvent* event) {
+  answerDrag(*event);
+}
+
+void HostWidget::dragLeaveEvent(QDragLeaveEvent*) {
+  host_->dragLeft();
+}
+
+void HostWidget::dropEvent(QDropEvent* event) {
+  const bool taken = host_->drop(dropped(*event));
+  event->setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
+  event->setAccepted(taken);
+}
+
+}  // namespace zq::qt

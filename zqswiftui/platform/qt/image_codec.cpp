@@ -1,0 +1,85 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <zqswiftui/platform/qt/image_codec.hpp>
+
+namespace zq::qt {
+namespace {
+
+// The limits of a call judge by the header; this one stops formats whose header says nothing.
+constexpr int kAllocationLimitInMegabytes = 1024;
+
+QSize fitted(QSize size, int maxSide) {
+  const int longer = std::max(size.width(), size.height());
+  if (maxSide <= 0 || longer <= maxSide) return size;
+  const double factor = static_cast<double>(maxSide) / longer;
+  const auto side = [&](int length) {
+    return std::max(1, static_cast<int>(std::lround(length * factor)));
+  };
+  return {side(size.width()), side(size.height())};
+}
+
+bool exceeds(QSize size, const DecodeLimits& limits) {
+  return std::int64_t{size.width()} * size.height() > limits.maxPixels;
+}
+
+Pixels toPixels(const QImage& image) {
+  const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+  Pixels pixels{rgba.width(), rgba.height(), {}};
+  const std::size_t row = std::size_t{4} * static_cast<std::size_t>(rgba.width());
+  pixels.rgba.resize(row * static_cast<std::size_t>(rgba.height()));
+  for (int y = 0; y < rgba.height(); ++y) {
+    std::memcpy(pixels.rgba.data() + row * static_cast<std::size_t>(y), rgba.constScanLine(y), row);
+  }
+  return pixels;
+}
+
+}  // namespace
+
+ImageCodec::ImageCodec() {
+  QImageReader::setAllocationLimit(kAllocationLimitInMegabytes);
+}
+
+std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
+                                         const DecodeLimits& limits) const {
+  QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                            static_cast<qsizetype>(bytes.size()));
+  QBuffer buffer(&data);
+  if (bytes.empty() || !buffer.open(QIODevice::ReadOnly)) return std::nullopt;
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  const QSize declared = reader.size();
+  if (declared.isValid()) {
+    if (declared.isEmpty() || exceeds(declared, limits)) return std::nullopt;
+    // A scaled read leaves out most of the work of decoding.
+    const QSize wanted = fitted(declared, limits.maxSide);
+    if (wanted != declared) reader.setScaledSize(wanted);
+  }
+  QImage image = reader.read();
+  if (image.isNull() || exceeds(image.size(), limits)) return std::nullopt;
+  if (const QSize wanted = fitted(image.size(), limits.maxSide); wanted != image.size()) {
+    image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  }
+  return toPixels(image);
+}
+
+Bytes ImageCodec::encodePng(const Pixels& pixels) const {
+  const auto row = std::int64_t{4} * pixels.width;
+  if (pixels.width <= 0 || pixels.height <= 0 ||
+      static_cast<std::int64_t>(pixels.rgba.size()) != row * pixels.height) {
+    return {};
+  }
+  const QImage image(pixels.rgba.data(), pixels.width, pixels.height, row,
+                     QImage::Format_RGBA8888_Premultiplied);
+  QByteArray data;
+  QBuffer buffer(&data);
+  if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) return {};
+  return Bytes(data.begin(), data.end());
+}
+
+}  // namespace zq::qt

@@ -1,0 +1,275 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QLinearGradient>
+#include <algorithm>
+#include <cmath>
+#include <zqswiftui/platform/qt/painter_canvas.hpp>
+#include <zqswiftui/platform/qt/picture_cache.hpp>
+#include <zqswiftui/platform/qt/symbol_cache.hpp>
+#include <zqswiftui/platform/qt/text_player.hpp>
+#include <zqswiftui/platform/services/require.hpp>
+
+namespace zq::qt {
+namespace {
+
+// Nobody looks at more than this of one symbol; beyond it the picture is stretched.
+constexpr int kMaxSymbolSide = 2048;
+
+QLinearGradient toQGradient(const LinearGradient& gradient, const Rect& rect,
+                            const PlayState& state) {
+  const auto at = [&](UnitPoint p) {
+    return QPointF(rect.x + rect.width * p.x, rect.y + rect.height * p.y);
+  };
+  QLinearGradient result(at(gradient.startPoint), at(gradient.endPoint));
+  for (const LinearGradient::Stop& stop : gradient.stops) {
+    const double location = std::clamp(sanitized(stop.location), 0.0, 1.0);
+    result.setColorAt(location, toQColor(stop.color.resolve(state.scheme), state.opacity));
+  }
+  return result;
+}
+
+QPen penOf(const StrokeStyle& style, const QBrush& brush) {
+  const double width = sanitized(style.lineWidth);
+  QPen pen(brush, width, Qt::SolidLine, style.roundCap ? Qt::RoundCap : Qt::FlatCap,
+           style.roundJoin ? Qt::RoundJoin : Qt::SvgMiterJoin);
+  pen.setMiterLimit(10);
+  if (style.dash.empty() || !(width > 0)) return pen;
+  QList<qreal> dash;
+  for (const double length : style.dash) dash.push_back(sanitized(length) / width);
+  if (dash.size() % 2 != 0) dash += dash;  // lines and gaps swap places in the second round
+  if (*std::max_element(dash.begin(), dash.end()) > 0) {
+    pen.setDashPattern(dash);
+    if (std::isfinite(style.dashPhase)) pen.setDashOffset(style.dashPhase / width);
+  }
+  return pen;
+}
+
+}  // namespace
+
+PainterCanvas::PainterCanvas(QPainter& painter, double scale)
+    : painter_(&painter), grid_{std::isfinite(scale) && scale > 0 ? scale : 1.0} {
+  forgetPainterState();
+}
+
+PainterCanvas::~PainterCanvas() {
+  while (!pushed_.empty()) pop();
+}
+
+void PainterCanvas::draw(const DrawCommand& command, const PlayState& state) {
+  std::visit([&](const auto& shape) { drawShape(shape, state); }, command);
+}
+
+void PainterCanvas::drawShape(const FillRect& shape, const PlayState& state) {
+  if (shape.rect.empty()) return;
+  const Rect rect = grid_.snap(shape.rect.offsetBy(state.origin));
+  // Snapped edges lie on pixels, unless a scaling moves them off.
+  setAntialiasing(scaledDepth_ > 0);
+  if (const auto* color = std::get_if<Color>(&shape.paint)) {
+    brushIsFill_ = brushIsFill_ && fill_.color == *color && fill_.scheme == state.scheme &&
+                   fill_.opacity == state.opacity;
+    painter_->fillRect(toQRectF(rect), resolved(fill_, *color, state));
+  } else {
+    painter_->fillRect(toQRectF(rect), brushOf(shape.paint, rect, state));
+  }
+}
+
+void PainterCanvas::drawShape(const FillRoundedRect& shape, const PlayState& state) {
+  if (shape.rect.empty()) return;
+  const Rect rect = grid_.snap(shape.rect.offsetBy(state.origin));
+  const double radius = std::min(sanitized(shape.radius), std::min(rect.width, rect.height) / 2);
+  setAntialiasing(true);
+  withoutPen();
+  fillWith(shape.paint, rect, state);
+  if (shape.continuous && radius > 0) {
+    painter_->drawPath(toPainterPath(Path().addRoundedRect(rect, radius, true), {}));
+  } else {
+    painter_->drawRoundedRect(toQRectF(rect), radius, radius);
+  }
+}
+
+void PainterCanvas::drawShape(const FillPath& shape, const PlayState& state) {
+  if (!shape.path || shape.path->empty()) return;
+  // A path that is crisp by itself stays so: its place is a whole pixel.
+  const Point origin = grid_.snap(state.origin);
+  setAntialiasing(true);
+  withoutPen();
+  fillWith(shape.paint, shape.rect.offsetBy(origin), state);
+  painter_->drawPath(toPainterPath(*shape.path, origin));
+}
+
+void PainterCanvas::drawShape(const StrokePath& shape, const PlayState& state) {
+  if (!shape.path || shape.path->empty() || !(shape.style.lineWidth > 0)) return;
+  const Point origin = grid_.snap(state.origin);
+  setAntialiasing(true);
+  const QBrush brush = brushOf(shape.paint, shape.rect.offsetBy(origin), state);
+  painter_->strokePath(toPainterPath(*shape.path, origin), penOf(shape.style, brush));
+}
+
+void PainterCanvas::drawShape(const DrawText& text, const PlayState& state) {
+  if (!text.content || text.content->text.empty()) return;
+  PreparedText& prepared = PreparedText::of(*text.content);
+  if (!fontKnown_ || !prepared.font().isCopyOf(font_)) {
+    font_ = prepared.font();
+    painter_->setFont(font_);
+    fontKnown_ = true;
+  }
+  const bool same =
+      text_.color == text.color && text_.scheme == state.scheme && text_.opacity == state.opacity;
+  if (!same) textPen_ = QPen(resolved(text_, text.color, state));
+  if (!same || pen_ != PenIs::text) {
+    painter_->setPen(textPen_);
+    pen_ = PenIs::text;
+  }
+  prepared.draw(*painter_, grid_, text, state);
+}
+
+void PainterCanvas::drawShape(const DrawSymbol& symbol, const PlayState& state) {
+  if (symbol.drawing == nullptr || symbol.rect.empty()) return;
+  const Rect rect = grid_.snap(symbol.rect.offsetBy(state.origin));
+  const auto side = [&](double length) {
+    return static_cast<int>(std::min(std::round(length * grid_.scale), double{kMaxSymbolSide}));
+  };
+  const QColor color = toQColor(symbol.color.resolve(state.scheme));
+  const QImage image = SymbolCache::shared().image(
+      *symbol.drawing, {side(rect.width), side(rect.height)}, color.rgba());
+  withOpacity(state.opacity, [&] { drawOnPixels(*painter_, grid_, rect, image); });
+}
+
+void PainterCanvas::drawShape(const DrawPicture& picture, const PlayState& state) {
+  if (picture.rect.empty()) return;
+  const Rect rect = grid_.snap(picture.rect.offsetBy(state.origin));
+  withOpacity(state.opacity, [&] { drawPicture(*painter_, grid_, rect, picture.picture); });
+}
+
+const QColor& PainterCanvas::resolved(Tint& tint, const Color& color, const PlayState& state) {
+  if (tint.opacity != state.opacity || tint.scheme != state.scheme || tint.color != color) {
+    tint = {color, state.scheme, state.opacity,
+            toQColor(color.resolve(state.scheme), state.opacity)};
+  }
+  return tint.resolved;
+}
+
+QBrush PainterCanvas::brushOf(const Paint& paint, const Rect& rect, const PlayState& state) {
+  if (const auto* gradient = std::get_if<LinearGradient>(&paint)) {
+    return toQGradient(*gradient, rect, state);
+  }
+  return toQColor(std::get<Color>(paint).resolve(state.scheme), state.opacity);
+}
+
+void PainterCanvas::fillWith(const Paint& paint, const Rect& rect, const PlayState& state) {
+  const auto* color = std::get_if<Color>(&paint);
+  if (color == nullptr) {
+    painter_->setBrush(brushOf(paint, rect, state));
+    brushIsFill_ = false;
+    return;
+  }
+  if (brushIsFill_ && fill_.opacity == state.opacity && fill_.scheme == state.scheme &&
+      fill_.color == *color) {
+    return;
+  }
+  painter_->setBrush(resolved(fill_, *color, state));
+  brushIsFill_ = true;
+}
+
+void PainterCanvas::setAntialiasing(bool on) {
+  if (antialiasing_ == on) return;
+  painter_->setRenderHint(QPainter::Antialiasing, on);
+  antialiasing_ = on;
+}
+
+void PainterCanvas::withoutPen() {
+  if (pen_ == PenIs::none) return;
+  painter_->setPen(noPen_);
+  pen_ = PenIs::none;
+}
+
+void PainterCanvas::withOpacity(double opacity, const auto& drawing) {
+  if (opacity >= 1) return drawing();
+  const double outer = painter_->opacity();
+  painter_->setOpacity(outer * sanitized(opacity));
+  drawing();
+  painter_->setOpacity(outer);
+}
+
+void PainterCanvas::forgetPainterState() {
+  fontKnown_ = false;
+  brushIsFill_ = false;
+  pen_ = PenIs::unknown;
+  antialiasing_ = false;
+  painter_->setRenderHints(QPainter::Antialiasing, false);
+  painter_->setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+void PainterCanvas::pushClip(const Rect& rect) {
+  pushed_.emplace_back();
+  painter_->save();
+  const Rect clip = rect.empty() ? Rect{} : grid_.snap(rect);
+  painter_->setClipRect(toQRectF(clip), Qt::IntersectClip);
+}
+
+void PainterCanvas::pushClip(const Path& path, Point origin) {
+  pushed_.emplace_back();
+  painter_->save();
+  painter_->setRenderHint(QPainter::Antialiasing);
+  antialiasing_ = true;
+  painter_->setClipPath(toPainterPath(path, grid_.snap(origin)), Qt::IntersectClip);
+}
+
+void PainterCanvas::pushScale(double scaleX, double scaleY, Point about) {
+  Pushed entry;
+  entry.scaled = true;
+  pushed_.push_back(std::move(entry));
+  ++scaledDepth_;
+  painter_->save();
+  painter_->translate(about.x, about.y);
+  painter_->scale(std::isfinite(scaleX) ? scaleX : 1.0, std::isfinite(scaleY) ? scaleY : 1.0);
+  painter_->translate(-about.x, -about.y);
+}
+
+void PainterCanvas::pushOpacity(double opacity, const Rect& bounds) {
+  // Only what shows is worth a picture; a list scrolled inside a window may be very long.
+  const QPaintDevice* device = painter_->device();
+  const QRectF whole = painter_->combinedTransform().inverted().mapRect(
+      QRectF(0, 0, device->width() * device->devicePixelRatioF(),
+             device->height() * device->devicePixelRatioF()));
+  Rect shown = intersection(bounds, toRect(whole));
+  if (painter_->hasClipping()) shown = intersection(shown, toRect(painter_->clipBoundingRect()));
+  // Edges and strokes that were rounded outwards.
+  const Rect target = shown.empty() ? Rect{} : grid_.snap(shown.insetBy(-2 / grid_.scale));
+
+  Pushed entry;
+  entry.outer = painter_;
+  entry.target = target;
+  entry.opacity = std::clamp(sanitized(opacity), 0.0, 1.0);
+  const auto pixels = [&](double length) {
+    return std::max(1, static_cast<int>(std::lround(length * grid_.scale)));
+  };
+  entry.image = std::make_unique<QImage>(pixels(target.width), pixels(target.height),
+                                         QImage::Format_ARGB32_Premultiplied);
+  entry.image->setDevicePixelRatio(grid_.scale);
+  entry.image->fill(Qt::transparent);
+  entry.painter = std::make_unique<QPainter>(entry.image.get());
+  entry.painter->translate(-target.x, -target.y);
+  painter_ = entry.painter.get();
+  pushed_.push_back(std::move(entry));
+  forgetPainterState();
+}
+
+void PainterCanvas::pop() {
+  ZQ_REQUIRE(!pushed_.empty(), "PainterCanvas: pop() without a push");
+  const Pushed entry = std::move(pushed_.back());
+  pushed_.pop_back();
+  if (entry.outer == nullptr) {
+    painter_->restore();
+    if (entry.scaled) --scaledDepth_;
+  } else {
+    entry.painter->end();
+    painter_ = entry.outer;
+    withOpacity(entry.opacity, [&] {
+      entry.image->setDevicePixelRatio(1);
+      drawOnPixels(*painter_, grid_, entry.target, *entry.image);
+    });
+  }
+  forgetPainterState();
+}
+
+}  // namespace zq::qt

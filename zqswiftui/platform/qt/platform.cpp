@@ -1,0 +1,26 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QApplication>
+#include <zqswiftui/platform/base/pressure_task.hpp>
+#include <zqswiftui/platform/qt/accessibility.hpp>
+#include <zqswiftui/platform/qt/platform.hpp>
+
+namespace zq::qt {
+
+Platform::Platform(QApplication& application) {
+  installAccessibility();
+  install();
+  // What waits to be written is written while the event loop's services still stand.
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
+                   [] { ZQPressureTask::flushAll(); });
+}
+
+Platform::~Platform() {
+  ZQPressureTask::flushAll();
+  ZQPressureTask::dropAll();
+  background_.reset();
+  // What is dropped may still ask for services as it goes.
+  mainQueue_.dropAll();
+  uninstall();
+}
+
+}  // namespace zq::qt

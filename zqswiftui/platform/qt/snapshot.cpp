@@ -1,0 +1,66 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+#include <zqswiftui/platform/qt/conversions.hpp>
+#include <zqswiftui/platform/qt/font_cache.hpp>
+#include <zqswiftui/platform/qt/painter_canvas.hpp>
+#include <zqswiftui/platform/qt/snapshot.hpp>
+
+namespace zq::qt {
+namespace {
+
+constexpr double kMaxSide = 16384;
+// Frames in which views may still ask for another, before one that never ends is shown as is.
+constexpr int kMaxFrames = 8;
+
+struct NoWindow final : HostDelegate {
+  void frameRequested() override {}
+};
+
+// What the native editors show in a window.
+void paintField(Canvas& canvas, const TextFieldState& field) {
+  const bool hint = field.text.empty();
+  auto content = std::make_shared<TextContent>();
+  content->text = hint ? field.placeholder : field.text;
+  content->font = field.font;
+  const double height = fontEntry(field.font).lineHeight;
+  const Rect line{field.bounds.x, field.bounds.midY() - height / 2, field.bounds.width, height};
+  const RGBA& c = field.color;
+  const Color color = Color::rgb(static_cast<double>(c.red), static_cast<double>(c.green),
+                                 static_cast<double>(c.blue), static_cast<double>(c.alpha));
+  PlayState state;
+  state.direction = field.direction;
+  state.opacity = hint || !field.enabled ? 0.4 : 1;
+  canvas.pushClip(field.clip);
+  canvas.draw(DrawText{content, line, field.alignment, 1, true, false, color}, state);
+  canvas.pop();
+}
+
+}  // namespace
+
+QImage renderView(View view, Size size, double scale, const AppearanceValues& appearance) {
+  const double factor = std::isfinite(scale) && scale > 0 ? scale : 1;
+  const auto pixels = [&](double length) {
+    return static_cast<int>(std::min(std::ceil(sanitized(length) * factor), kMaxSide));
+  };
+  QImage image(pixels(size.width), pixels(size.height), QImage::Format_ARGB32_Premultiplied);
+  if (image.isNull()) return image;
+  image.setDevicePixelRatio(factor);
+  image.fill(toQColor(Color::background().resolve(appearance.colorScheme)));
+
+  NoWindow window;
+  ViewHost host(std::move(view), window);
+  host.setAppearance(appearance);
+  host.setSize(size);
+  for (int i = 0; i < kMaxFrames && host.needsFrame(); ++i) host.frame();
+  QPainter painter(&image);
+  PainterCanvas canvas(painter, factor);
+  host.paintAll(canvas);
+  for (const TextFieldState& field : host.textFields()) paintField(canvas, field);
+  return image;
+}
+
+}  // namespace zq::qt

@@ -14,3 +14,11 @@ foreach(bench IN LISTS benches)
     $<IF:${with_qt},ZQSwiftUI::Qt,ZQSwiftUI::Core> benchmark::benchmark benchmark::benchmark_main)
   zq_warnings(bench_${name})
 endforeach()
+
+# The library's own program of the comparison in bench/peers.
+if(ZQ_QT)
+  add_executable(zq-bench-peer "${PROJECT_SOURCE_DIR}/bench/peers/ours/main.cpp")
+  target_include_directories(zq-bench-peer PRIVATE "${PROJECT_SOURCE_DIR}/bench/peers/common")
+  target_link_libraries(zq-bench-peer PRIVATE ZQSwiftUI::Qt)
+  zq_warnings(zq-bench-peer)
+endif()

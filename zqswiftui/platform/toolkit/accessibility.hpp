@@ -27,11 +27,11 @@ enum class Role : unsigned char {
 // What a component says of itself to assistive technology; whatever is left out is derived
 // from the texts and buttons inside.
 struct Accessibility {
-  std::optional<Role> role;
-  std::optional<std::string> label;
-  std::optional<std::string> value;
-  std::optional<std::string> description;
-  std::optional<bool> checked;
+  std::optional<Role> role = std::nullopt;
+  std::optional<std::string> label = std::nullopt;
+  std::optional<std::string> value = std::nullopt;
+  std::optional<std::string> description = std::nullopt;
+  std::optional<bool> checked = std::nullopt;
   bool hidden = false;  // this view and what is in it
   bool operator==(const Accessibility&) const = default;
 };

@@ -70,8 +70,8 @@ struct DropInfo {
 // A place to drop: `types` lists what is taken.
 struct DropTarget {
   std::vector<std::string> types;
-  std::function<void(bool inside)> onTargeted;  // may be null
-  std::function<bool(const DropInfo&)> onDrop;  // returns whether the drop was taken
+  std::function<void(bool inside)> onTargeted = nullptr;  // may be null
+  std::function<bool(const DropInfo&)> onDrop = nullptr;  // returns whether the drop was taken
 };
 
 // A drag with the primary button: begins when the pointer has moved by minimumDistance.
@@ -84,9 +84,9 @@ struct DragValue {
 
 struct DragGesture {
   double minimumDistance = 10;
-  std::function<void(const DragValue&)> onChanged;
-  std::function<void(const DragValue&)> onEnded;
-  std::function<void()> onCancelled;  // taken away: window left, view gone, disabled
+  std::function<void(const DragValue&)> onChanged = nullptr;
+  std::function<void(const DragValue&)> onEnded = nullptr;
+  std::function<void()> onCancelled = nullptr;  // taken away: window left, view gone, disabled
 };
 
 }  // namespace zq

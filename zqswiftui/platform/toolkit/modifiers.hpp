@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <zqswiftui/platform/toolkit/accessibility.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
@@ -21,18 +22,18 @@ class ShapeView;
 
 // A fixed width or height; one that is not given is left to the view.
 struct Frame {
-  std::optional<double> width;
-  std::optional<double> height;
+  std::optional<double> width = std::nullopt;
+  std::optional<double> height = std::nullopt;
   Alignment alignment = Alignment::center();
   bool operator==(const Frame&) const = default;
 };
 
 // Bounds of the size; a maximum of infinity takes all that is offered.
 struct FlexFrame {
-  std::optional<double> minWidth;
-  std::optional<double> maxWidth;
-  std::optional<double> minHeight;
-  std::optional<double> maxHeight;
+  std::optional<double> minWidth = std::nullopt;
+  std::optional<double> maxWidth = std::nullopt;
+  std::optional<double> minHeight = std::nullopt;
+  std::optional<double> maxHeight = std::nullopt;
   Alignment alignment = Alignment::center();
   bool operator==(const FlexFrame&) const = default;
 };
@@ -81,7 +82,7 @@ class ViewModifiers {
   View onAppear(std::function<void()> action) const;
   View onDisappear(std::function<void()> action) const;
   template <std::equality_comparable T>
-  View onChange(T value, std::function<void(const T&)> action) const;
+  View onChange(T value, std::type_identity_t<std::function<void(const T&)>> action) const;
 
   // Meaning.
   View accessibility(Accessibility info) const;

@@ -199,7 +199,8 @@ class WatchedValue final : public modify::Watched {
 
 template <class S>
 template <std::equality_comparable T>
-View ViewModifiers<S>::onChange(T value, std::function<void(const T&)> action) const {
+View ViewModifiers<S>::onChange(T value,
+                                std::type_identity_t<std::function<void(const T&)>> action) const {
   using Watched = detail::WatchedValue<T>;
   return modify::onChange(view(), &detail::viewTypeId<Watched>,
                           std::make_shared<Watched>(std::move(value), std::move(action)));

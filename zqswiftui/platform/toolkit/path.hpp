@@ -48,7 +48,7 @@ struct StrokeStyle {
   double lineWidth = 1;
   bool roundCap = false;
   bool roundJoin = false;
-  std::vector<double> dash;  // lengths of line and gap in turn; empty for a whole line
+  std::vector<double> dash = {};  // lengths of line and gap in turn; empty for a whole line
   double dashPhase = 0;
   bool operator==(const StrokeStyle&) const = default;
 };

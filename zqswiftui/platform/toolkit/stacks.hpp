@@ -14,7 +14,7 @@ namespace zq {
 //   HStack({.spacing = 4}, {Image::symbol("gear"), Text("Settings")})
 struct HStackParameters {
   VerticalAlignment alignment = VerticalAlignment::center;
-  std::optional<double> spacing;
+  std::optional<double> spacing = std::nullopt;
 };
 class HStack : public ViewModifiers<HStack> {
  public:
@@ -32,7 +32,7 @@ class HStack : public ViewModifiers<HStack> {
 // Children one below the other.
 struct VStackParameters {
   HorizontalAlignment alignment = HorizontalAlignment::center;
-  std::optional<double> spacing;
+  std::optional<double> spacing = std::nullopt;
 };
 class VStack : public ViewModifiers<VStack> {
  public:

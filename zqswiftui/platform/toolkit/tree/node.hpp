@@ -176,6 +176,7 @@ class Node {
 
  private:
   friend class ItemArray;
+  friend class Tree;
   struct Measured {
     double width = 0, height = 0;  // proposed; NaN where not given
     Size size;
@@ -189,12 +190,14 @@ class Node {
   EnvironmentPtr environment_;
   std::uint64_t id_;
   int depth_;
-  int slot_ = -1;  // index in an array of items
+  int slot_ = -1;      // index in an array of items
+  int placedAt_ = -1;  // index in the tree's list of nodes placed in this frame
   unsigned char measuredCount_ = 0;
   unsigned char measuredNext_ = 0;
   bool placed_ = false;
   bool layoutDirty_ = true;
   bool boundsDirty_ = true;
+  bool listed_ = false;  // the tree's other lists may name it
   Rect frame_;
   Rect bounds_;
   ProposedSize proposal_;

@@ -109,6 +109,7 @@ void Tree::tickAnimations() {
 }
 
 void Tree::animate(Node& node, Tick tick) {
+  node.listed_ = true;
   animated_.push_back({&node, std::move(tick)});
   requestFrame();
 }
@@ -155,6 +156,7 @@ void Tree::evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks) {
 void Tree::addLayoutRoot(Node& node) {
   if (std::find(layoutRoots_.begin(), layoutRoots_.end(), &node) == layoutRoots_.end()) {
     layoutRoots_.push_back(&node);
+    node.listed_ = true;
     inbox_->wake();
   }
 }
@@ -172,7 +174,9 @@ void Tree::layout() {
   popovers_.place();
   // By the time a rectangle is mapped to the window, everything above it stands.
   for (const Placed& p : std::exchange(placed_, {})) {
-    if (p.node) p.whole ? p.node->damageAll() : p.node->damageOwn();
+    if (!p.node) continue;
+    p.node->placedAt_ = -1;
+    p.whole ? p.node->damageAll() : p.node->damageOwn();
   }
   visibilityDirty_ = true;
   contentChanged();
@@ -184,6 +188,7 @@ void Tree::runLater() {
 
 void Tree::addVisibilityListener(Node& node, std::function<void(const Rect&)> listener) {
   visibility_.push_back({&node, std::move(listener)});
+  node.listed_ = true;
   visibilityDirty_ = true;
 }
 
@@ -210,6 +215,12 @@ void Tree::damage(const Node& node, Rect rect) {
 }
 
 void Tree::damageAfterLayout(Node& node, bool whole) {
+  if (node.placedAt_ >= 0) {
+    Placed& known = placed_[static_cast<std::size_t>(node.placedAt_)];
+    known.whole = known.whole || whole;
+    return;
+  }
+  node.placedAt_ = static_cast<int>(placed_.size());
   placed_.push_back({&node, whole});
 }
 
@@ -234,18 +245,19 @@ void Tree::willRemove(Node& node) {
   contentChanged();
 }
 
+// Called for every node that goes: a long list may lose all of its nodes in one frame, so what
+// names few of them is searched only for those.
 void Tree::forget(const Node& node) {
+  if (node.placedAt_ >= 0) placed_[static_cast<std::size_t>(node.placedAt_)].node = nullptr;
+  pointer_.forget(node);
+  focus_.forget(node);
+  if (!node.listed_) return;
   for (Animated& a : ticking_) {
     if (a.node == &node) a.node = nullptr;
   }
   std::erase_if(animated_, [&](const Animated& a) { return a.node == &node; });
-  for (Placed& p : placed_) {
-    if (p.node == &node) p.node = nullptr;
-  }
   std::erase(layoutRoots_, &node);
   std::erase_if(visibility_, [&](const VisibilityListener& v) { return v.node == &node; });
-  pointer_.forget(node);
-  focus_.forget(node);
 }
 
 }  // namespace zq

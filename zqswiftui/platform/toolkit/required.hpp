@@ -22,6 +22,8 @@ class Required {
       : value_(std::forward<U>(value)) {}
 
   const T& get() const { return value_; }
+  const T& operator*() const { return value_; }
+  const T* operator->() const { return &value_; }
   operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
   bool operator==(const Required&) const = default;
 

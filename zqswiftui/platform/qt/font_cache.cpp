@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QScreen>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <unordered_map>
@@ -45,8 +46,8 @@ QString familyOf(const FontSpec& spec) {
 QFont makeFont(const FontSpec& spec) {
   QFont font(familyOf(spec));
   const double size =
-      std::isfinite(spec.size) && spec.size > 0 ? std::min(spec.size, kMaxSize) : 13.0;
-  if (size >= 1 && size == std::floor(size)) {
+      std::isfinite(spec.size) && spec.size > 0 ? std::clamp(spec.size, 1.0, kMaxSize) : 13.0;
+  if (size == std::floor(size)) {
     font.setPixelSize(static_cast<int>(size));
   } else {
     // Qt keeps pixel sizes whole, but not point sizes.

@@ -38,6 +38,13 @@ QString shortenedLine(const QString& rest, const FontEntry& font, double width, 
   return font.metrics.elidedText(first + QChar(u' ') + kEllipsis, Qt::ElideRight, width);
 }
 
+// Qt keeps free what the last glyph leans out by, which no measured width contains; a text
+// must fit into the width that it was measured to have.
+void fitLine(QTextLine& line, const FontEntry& font, double width) {
+  line.setLineWidth(width + std::max(0.0, -font.metrics.minRightBearing()));
+  if (line.horizontalAdvance() > width) line.setLineWidth(width);
+}
+
 }  // namespace
 
 void setShapedText(QString& text, std::string_view utf8, LineFeeds lineFeeds) {
@@ -70,7 +77,7 @@ void TextBlock::breakLines(const QString& text, const FontEntry& font, const Tex
   body_->setTextOption(lineOption(QTextOption::WrapAtWordBoundaryOrAnywhere));
   body_->beginLayout();
   for (QTextLine line = body_->createLine(); line.isValid(); line = body_->createLine()) {
-    line.setLineWidth(limits.width);
+    fitLine(line, font, limits.width);
     line.setPosition({0, 0});
     const qsizetype end = line.textStart() + line.textLength();
     const bool last = limits.maxLines > 0 && static_cast<int>(lines_.size()) + 1 == limits.maxLines;
@@ -78,7 +85,7 @@ void TextBlock::breakLines(const QString& text, const FontEntry& font, const Tex
       body_->endLayout();
       return addShortened(text.mid(line.textStart()), font, limits);
     }
-    lines_.push_back({line, line.naturalTextWidth()});
+    lines_.push_back({line, line.horizontalAdvance()});
   }
   body_->endLayout();
 }
@@ -93,7 +100,7 @@ void TextBlock::addShortened(const QString& rest, const FontEntry& font, const T
   if (only.isValid()) {
     only.setLineWidth(kMaxWidth);
     only.setPosition({0, 0});
-    lines_.push_back({only, only.naturalTextWidth()});
+    lines_.push_back({only, only.horizontalAdvance()});
   }
   shortened_->endLayout();
 }

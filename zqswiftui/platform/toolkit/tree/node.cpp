@@ -32,6 +32,7 @@ Node::~Node() {
 std::unique_ptr<Node> Node::create(const View& view, Tree& tree, Node* parent) {
   if (view.empty()) return nullptr;
   auto node = view.value()->makeNode({tree, parent, view});
+  ++tree.counts().nodesCreated;
   node->mount();
   return node;
 }

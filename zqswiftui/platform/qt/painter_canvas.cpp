@@ -4,6 +4,7 @@
 #include <cmath>
 #include <zqswiftui/platform/qt/painter_canvas.hpp>
 #include <zqswiftui/platform/qt/picture_cache.hpp>
+#include <zqswiftui/platform/qt/pill_cache.hpp>
 #include <zqswiftui/platform/qt/symbol_cache.hpp>
 #include <zqswiftui/platform/qt/text_player.hpp>
 #include <zqswiftui/platform/services/require.hpp>
@@ -76,6 +77,7 @@ void PainterCanvas::drawShape(const FillRoundedRect& shape, const PlayState& sta
   if (shape.rect.empty()) return;
   const Rect rect = grid_.snap(shape.rect.offsetBy(state.origin));
   const double radius = std::min(sanitized(shape.radius), std::min(rect.width, rect.height) / 2);
+  if (drawPill(shape, rect, radius, state)) return;
   setAntialiasing(true);
   withoutPen();
   fillWith(shape.paint, rect, state);
@@ -84,6 +86,24 @@ void PainterCanvas::drawShape(const FillRoundedRect& shape, const PlayState& sta
   } else {
     painter_->drawRoundedRect(toQRectF(rect), radius, radius);
   }
+}
+
+bool PainterCanvas::drawPill(const FillRoundedRect& shape, const Rect& rect, double radius,
+                             const PlayState& state) {
+  const auto* color = std::get_if<Color>(&shape.paint);
+  // A scaling would show the pixels of the picture.
+  if (color == nullptr || scaledDepth_ > 0 || !(radius > 0)) return false;
+  const QSizeF exact(rect.width * grid_.scale, rect.height * grid_.scale);
+  if (!(exact.width() < kMaxSymbolSide && exact.height() < kMaxSymbolSide)) return false;
+  const QSize pixels = exact.toSize();
+  if (!PillCache::takes(pixels)) return false;
+  brushIsFill_ = brushIsFill_ && fill_.color == *color && fill_.scheme == state.scheme &&
+                 fill_.opacity == state.opacity;
+  const QRgb tint = resolved(fill_, *color, state).rgba();
+  const QImage image =
+      PillCache::shared().image(pixels, radius * grid_.scale, shape.continuous, tint);
+  drawOnPixels(*painter_, grid_, rect, image);
+  return true;
 }
 
 void PainterCanvas::drawShape(const FillPath& shape, const PlayState& state) {

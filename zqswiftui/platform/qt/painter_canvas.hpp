@@ -54,6 +54,9 @@ class PainterCanvas final : public Canvas {
 
   void drawShape(const FillRect& shape, const PlayState& state);
   void drawShape(const FillRoundedRect& shape, const PlayState& state);
+  // As a copy of a kept picture, where it is small and of one colour; false: to be drawn.
+  bool drawPill(const FillRoundedRect& shape, const Rect& rect, double radius,
+                const PlayState& state);
   void drawShape(const FillPath& shape, const PlayState& state);
   void drawShape(const StrokePath& shape, const PlayState& state);
   void drawShape(const DrawText& text, const PlayState& state);

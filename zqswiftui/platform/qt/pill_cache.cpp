@@ -1,0 +1,50 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QPainter>
+#include <functional>
+#include <zqswiftui/platform/qt/conversions.hpp>
+#include <zqswiftui/platform/qt/pill_cache.hpp>
+
+namespace zq::qt {
+namespace {
+
+constexpr std::size_t kCapacity = std::size_t{4} << 20;
+
+QImage drawPill(QSize pixels, double radius, bool continuous, QRgb color) {
+  QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor::fromRgba(color));
+  if (continuous) {
+    const Rect all{0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
+    painter.drawPath(toPainterPath(Path().addRoundedRect(all, radius, true), {}));
+  } else {
+    painter.drawRoundedRect(image.rect(), radius, radius);
+  }
+  return image;
+}
+
+}  // namespace
+
+std::size_t PillCache::KeyHash::operator()(const Key& key) const {
+  std::size_t hash = std::hash<double>{}(key.radius) * 2 + (key.continuous ? 1 : 0);
+  for (const std::size_t part :
+       {static_cast<std::size_t>(key.width), static_cast<std::size_t>(key.height),
+        static_cast<std::size_t>(key.color)}) {
+    hash = hash * 1000003 + part;
+  }
+  return hash;
+}
+
+PillCache& PillCache::shared() {
+  static PillCache cache(kCapacity);
+  return cache;
+}
+
+QImage PillCache::image(QSize pixels, double radius, bool continuous, QRgb color) {
+  return images_.get({pixels.width(), pixels.height(), radius, continuous, color},
+                     [&] { return drawPill(pixels, radius, continuous, color); });
+}
+
+}  // namespace zq::qt

@@ -1,235 +1,153 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <zqswiftui/controls/zq_system_image_button.hpp>
+#include <zqswiftui/controls/symbol_button.hpp>
 
 namespace zq {
 
-// The family of icon buttons: each is a ZQSystemImageButton with a symbol of its own. Optional
-// labels stand right of the symbol; actions that are not given do nothing.
+// The small icon buttons: one symbol each, with the look and the answer to the pointer of
+// ZQSystemImageButton. A label stands at the right of the symbol, and a click on it counts.
+// Fields without a default must be given; a null action does nothing; those that say no size
+// are `normal`. Interface thread only.
+//   ZQOkButton("Save", {.size = ZQButton::Size::normal, .action = save})
+//   ZQCancelButton({.size = ZQButton::Size::small})
 
-struct ZQOkButtonParameters {
-  ZQButton::Size size = ZQButton::Size::normal;
-  std::optional<Color> color = std::nullopt;
-  Required<Action> action;
-};
-//   ZQOkButton("Save", {.action = save})      ZQOkButton({.action = save})
-class ZQOkButton : public ViewModifiers<ZQOkButton> {
+// checkmark.circle
+class ZQOkButton : public SymbolButton<ZQOkButton> {
  public:
-  using Parameters = ZQOkButtonParameters;
-  explicit ZQOkButton(Parameters p) : ZQOkButton(std::nullopt, std::move(p)) {}
-  ZQOkButton(std::optional<std::string> label, Parameters p)
-      : label_(std::move(label)), parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  std::optional<std::string> label_;
-  Parameters parameters_;
+  struct Parameters {
+    Required<ZQButton::Size> size;
+    std::optional<Color> color = std::nullopt;
+    Required<std::function<void()>> action;
+  };
+  explicit ZQOkButton(const Parameters& p) : ZQOkButton(std::nullopt, p) {}
+  ZQOkButton(std::optional<std::string> label, const Parameters& p)
+      : SymbolButton({"checkmark.circle", std::move(label), p.color, p.size, p.action, "OK"}) {}
 };
 
-// Of the cancel and the continue button.
-struct ZQStepButtonParameters {
-  std::optional<Color> color = std::nullopt;
-  ZQButton::Size size = ZQButton::Size::normal;
-  Action action = nullptr;
-};
-class ZQCancelButton : public ViewModifiers<ZQCancelButton> {
+// xmark.circle
+class ZQCancelButton : public SymbolButton<ZQCancelButton> {
  public:
-  using Parameters = ZQStepButtonParameters;
-  explicit ZQCancelButton(Parameters p) : ZQCancelButton(std::nullopt, std::move(p)) {}
-  ZQCancelButton(std::optional<std::string> label, Parameters p)
-      : label_(std::move(label)), parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  std::optional<std::string> label_;
-  Parameters parameters_;
+  struct Parameters {
+    std::optional<Color> color = std::nullopt;
+    Required<ZQButton::Size> size;
+    std::function<void()> action = nullptr;
+  };
+  explicit ZQCancelButton(const Parameters& p) : ZQCancelButton(std::nullopt, p) {}
+  ZQCancelButton(std::optional<std::string> label, const Parameters& p)
+      : SymbolButton({"xmark.circle", std::move(label), p.color, p.size, p.action, "Cancel"}) {}
 };
 
-class ZQContinueButton : public ViewModifiers<ZQContinueButton> {
+// arrow.right.circle
+class ZQContinueButton : public SymbolButton<ZQContinueButton> {
  public:
-  using Parameters = ZQStepButtonParameters;
-  explicit ZQContinueButton(Parameters p) : ZQContinueButton(std::nullopt, std::move(p)) {}
-  ZQContinueButton(std::optional<std::string> label, Parameters p)
-      : label_(std::move(label)), parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  std::optional<std::string> label_;
-  Parameters parameters_;
+  using Parameters = ZQCancelButton::Parameters;
+  explicit ZQContinueButton(const Parameters& p) : ZQContinueButton(std::nullopt, p) {}
+  ZQContinueButton(std::optional<std::string> label, const Parameters& p)
+      : SymbolButton(
+            {"arrow.right.circle", std::move(label), p.color, p.size, p.action, "Continue"}) {}
 };
 
-struct ZQDeleteButtonParameters {
-  std::optional<Color> color = std::nullopt;
-  bool fill = false;
-  ZQButton::Size size = ZQButton::Size::normal;
-  Required<Action> action;
-};
-class ZQDeleteButton : public ViewModifiers<ZQDeleteButton> {
+// delete.left.fill where fill is true, delete.left otherwise
+class ZQDeleteButton : public SymbolButton<ZQDeleteButton> {
  public:
-  using Parameters = ZQDeleteButtonParameters;
-  explicit ZQDeleteButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  struct Parameters {
+    std::optional<Color> color = std::nullopt;
+    Required<bool> fill;
+    Required<ZQButton::Size> size;
+    Required<std::function<void()>> action;
+  };
+  explicit ZQDeleteButton(const Parameters& p)
+      : SymbolButton({.systemName = p.fill ? "delete.left.fill" : "delete.left",
+                      .color = p.color,
+                      .size = p.size,
+                      .action = p.action,
+                      .accessibleName = "Delete"}) {}
 };
 
-struct ZQCopyButtonParameters {
-  std::optional<Color> color = std::nullopt;
-  Action action = nullptr;
-};
-class ZQCopyButton : public ViewModifiers<ZQCopyButton> {
+// doc.on.doc
+class ZQCopyButton : public SymbolButton<ZQCopyButton> {
  public:
-  using Parameters = ZQCopyButtonParameters;
-  explicit ZQCopyButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  struct Parameters {
+    std::optional<Color> color = std::nullopt;
+    std::function<void()> action = nullptr;
+  };
+  explicit ZQCopyButton(const Parameters& p)
+      : SymbolButton({.systemName = "doc.on.doc",
+                      .color = p.color,
+                      .action = p.action,
+                      .accessibleName = "Copy"}) {}
 };
 
-// Of the download and the link button.
-struct ZQPlainIconButtonParameters {
-  Required<Action> action;
-  std::optional<Color> color = std::nullopt;
-};
-class ZQDownloadButton : public ViewModifiers<ZQDownloadButton> {
+// icloud.and.arrow.down
+class ZQDownloadButton : public SymbolButton<ZQDownloadButton> {
  public:
-  using Parameters = ZQPlainIconButtonParameters;
-  explicit ZQDownloadButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  struct Parameters {
+    Required<std::function<void()>> action;
+    std::optional<Color> color = std::nullopt;
+  };
+  explicit ZQDownloadButton(const Parameters& p)
+      : SymbolButton({.systemName = "icloud.and.arrow.down",
+                      .color = p.color,
+                      .action = p.action,
+                      .accessibleName = "Download"}) {}
 };
 
-class ZQLinkButton : public ViewModifiers<ZQLinkButton> {
+// link
+class ZQLinkButton : public SymbolButton<ZQLinkButton> {
  public:
-  using Parameters = ZQPlainIconButtonParameters;
-  explicit ZQLinkButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  using Parameters = ZQDownloadButton::Parameters;
+  explicit ZQLinkButton(const Parameters& p)
+      : SymbolButton({.systemName = "link",
+                      .color = p.color,
+                      .action = p.action,
+                      .accessibleName = "Link"}) {}
 };
 
-struct ZQSettingsButtonParameters {
-  std::optional<Color> color = std::nullopt;
-  Action action = nullptr;
-};
-class ZQSettingsButton : public ViewModifiers<ZQSettingsButton> {
+// gear
+class ZQSettingsButton : public SymbolButton<ZQSettingsButton> {
  public:
-  using Parameters = ZQSettingsButtonParameters;
-  explicit ZQSettingsButton(Parameters p) : ZQSettingsButton(std::nullopt, std::move(p)) {}
-  ZQSettingsButton(std::optional<std::string> label, Parameters p)
-      : label_(std::move(label)), parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  std::optional<std::string> label_;
-  Parameters parameters_;
+  using Parameters = ZQCopyButton::Parameters;
+  explicit ZQSettingsButton(const Parameters& p) : ZQSettingsButton(std::nullopt, p) {}
+  ZQSettingsButton(std::optional<std::string> label, const Parameters& p)
+      : SymbolButton({.systemName = "gear",
+                      .label = std::move(label),
+                      .color = p.color,
+                      .action = p.action,
+                      .accessibleName = "Settings"}) {}
 };
 
-enum class ZQPlusMinusButtonStyle : unsigned char { flat, circle, circleFill };
-
-struct ZQPlusButtonParameters {
-  std::optional<std::string> label = std::nullopt;
-  ZQPlusMinusButtonStyle style = ZQPlusMinusButtonStyle::flat;
-  std::optional<Color> color = std::nullopt;
-  Required<Action> action;
-};
-class ZQPlusButton : public ViewModifiers<ZQPlusButton> {
+// line.3.horizontal: opens a menu or a side list.
+class ZQHamburgerButton : public SymbolButton<ZQHamburgerButton> {
  public:
-  using Parameters = ZQPlusButtonParameters;
-  explicit ZQPlusButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  struct Parameters {
+    std::optional<Color> color = std::nullopt;
+    ZQButton::Size size = ZQButton::Size::normal;
+    Required<std::function<void()>> action;
+  };
+  explicit ZQHamburgerButton(const Parameters& p)
+      : SymbolButton({.systemName = "line.3.horizontal",
+                      .color = p.color,
+                      .size = p.size,
+                      .action = p.action,
+                      .accessibleName = "Menu"}) {}
 };
 
-struct ZQMinusButtonParameters {
-  ZQPlusMinusButtonStyle style = ZQPlusMinusButtonStyle::flat;
-  std::optional<Color> color = std::nullopt;
-  Required<Action> action;
-};
-class ZQMinusButton : public ViewModifiers<ZQMinusButton> {
+// pause while something plays, play otherwise: what a press would do. The host keeps the state.
+class ZQPlayPauseButton : public SymbolButton<ZQPlayPauseButton> {
  public:
-  using Parameters = ZQMinusButtonParameters;
-  explicit ZQMinusButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
+  struct Parameters {
+    Required<bool> isPlaying;
+    std::optional<Color> color = std::nullopt;
+    ZQButton::Size size = ZQButton::Size::normal;
+    Required<std::function<void()>> action;
+  };
+  explicit ZQPlayPauseButton(const Parameters& p)
+      : SymbolButton({.systemName = p.isPlaying ? "pause.fill" : "play.fill",
+                      .color = p.color,
+                      .size = p.size,
+                      .action = p.action,
+                      .accessibleName = p.isPlaying ? "Pause" : "Play"}) {}
 };
-
-struct ZQFavoriteButtonParameters {
-  Required<Binding<bool>> isFavorite;
-  Color color = Color::yellow();
-  std::function<void(bool)> callback = nullptr;
-};
-// A star, filled while the binding is true. A press turns the binding, then tells the new state.
-class ZQFavoriteButton : public ViewModifiers<ZQFavoriteButton> {
- public:
-  using Parameters = ZQFavoriteButtonParameters;
-  explicit ZQFavoriteButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
-};
-
-struct ZQTooltipQuestionMarkParameters {
-  std::optional<Color> color = std::nullopt;
-  Required<std::string> text;
-};
-// A question mark that reveals its text in a bubble on click, and as a help text when the
-// pointer rests on it.
-class ZQTooltipQuestionMark : public ViewModifiers<ZQTooltipQuestionMark> {
- public:
-  using Parameters = ZQTooltipQuestionMarkParameters;
-  explicit ZQTooltipQuestionMark(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
-};
-
-struct ZQPlayPauseButtonParameters {
-  Required<Binding<bool>> isPlaying;
-  std::optional<Color> color = std::nullopt;
-  ZQButton::Size size = ZQButton::Size::normal;
-  std::function<void(bool)> callback = nullptr;
-};
-// Play while the binding is false, pause while it is true.
-class ZQPlayPauseButton : public ViewModifiers<ZQPlayPauseButton> {
- public:
-  using Parameters = ZQPlayPauseButtonParameters;
-  explicit ZQPlayPauseButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
-};
-
-struct ZQHamburgerButtonParameters {
-  std::optional<Color> color = std::nullopt;
-  ZQButton::Size size = ZQButton::Size::normal;
-  Required<Action> action;
-};
-// Three lines: opens a menu.
-class ZQHamburgerButton : public ViewModifiers<ZQHamburgerButton> {
- public:
-  using Parameters = ZQHamburgerButtonParameters;
-  explicit ZQHamburgerButton(Parameters p) : parameters_(std::move(p)) {}
-  View body(Context& context) const;
-
- private:
-  Parameters parameters_;
-};
-
-// The name of a plus or minus symbol in a style.
-std::string styledSymbol(const std::string& base, ZQPlusMinusButtonStyle style);
 
 }  // namespace zq

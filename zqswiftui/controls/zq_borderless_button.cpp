@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
@@ -7,84 +8,75 @@
 namespace zq {
 namespace {
 
-constexpr double kBeside = 3;
-constexpr double kStacked = 10;
+using Orientation = ZQBorderlessButton::Orientation;
 
-double pictureSide(ZQButton::Size size) {
-  switch (size) {
-    case ZQButton::Size::small:
-      return 13;
-    case ZQButton::Size::mini:
-      return 22;
-    case ZQButton::Size::normal:
-      break;
-  }
-  return 17;
+View squarePicture(const std::string& name, ZQButton::Size size) {
+  return Image::named(name).resizable().frame(heightOf(size), heightOf(size));
 }
 
-View pictureOf(const std::string& name, ZQButton::Size size) {
-  return Image::named(name).resizable().frame(pictureSide(size), pictureSide(size));
-}
-
+// What stands in a borderless button, and how: the members differ in the picture alone.
 struct Borderless {
-  View picture;
+  View picture;  // may be empty
   std::optional<std::string> label;
-  std::string name;  // read out where there is no label
   ZQButton::Size size;
-  ZQBorderlessOrientation orientation;
-  Action action;
+  Orientation orientation;
+  std::function<void()> action;
 };
 
-View borderless(Context& context, const Borderless& b) {
-  std::vector<View> parts{b.picture};
-  if (b.label) parts.emplace_back(Text(*b.label).font(fontFor(b.size)));
-  const View content =
-      b.orientation == ZQBorderlessOrientation::horizontal
-          ? View(HStack({.alignment = VerticalAlignment::center, .spacing = kBeside}, parts))
-          : View(VStack({.alignment = HorizontalAlignment::center, .spacing = kStacked}, parts));
-  Accessibility info;
-  if (!b.label && !b.name.empty()) info.label = b.name;
-  return hoverOpacity(context, 0.75, 1.0, [&](double opacity) {
-    return content.opacity(opacity).onTap(b.action ? b.action : [] {}).accessibility(info);
-  });
+View arranged(const Borderless& b) {
+  std::vector<View> parts;
+  if (!b.picture.empty()) parts.push_back(b.picture);
+  if (b.label) parts.push_back(Text(*b.label).font(fontOf(b.size)));
+  if (b.orientation == Orientation::vertical) return VStack({.spacing = 10}, std::move(parts));
+  return HStack({.spacing = 3}, std::move(parts));
+}
+
+View borderlessBody(const Borderless& b, Context& context) {
+  const auto opacity = context.state(kRestingOpacity);
+  return arranged(b)
+      .opacity(*opacity)
+      .onTap([action = b.action] {
+        if (action) action();
+      })
+      .onHover(brightenUnderPointer(opacity));
 }
 
 }  // namespace
 
 View ZQBorderlessButton::body(Context& context) const {
-  const Parameters& p = parameters_;
-  return borderless(context, {Image::symbol(*p.systemImage).font(fontFor(p.size)), textLabel_, "",
-                              p.size, p.orientation, *p.action});
+  const auto& p = parameters_;
+  const View symbol = Image::symbol(p.icon).font(fontOf(p.size));
+  return borderlessBody({symbol, textLabel_, p.size, p.orientation, p.action}, context);
 }
 
 View ZQBorderlessCustomImageButton::body(Context& context) const {
-  const Parameters& p = parameters_;
-  return borderless(context, {pictureOf(*p.image, p.size), textLabel_, *p.image, p.size,
-                              p.orientation, *p.action});
+  const auto& p = parameters_;
+  const View button = borderlessBody(
+      {squarePicture(p.image, p.size), textLabel_, p.size, p.orientation, p.action}, context);
+  return textLabel_ ? button : button.accessibilityLabel(p.image);
 }
 
 View ZQBorderlessSmallButton::body(Context& context) const {
-  const Parameters& p = parameters_;
   constexpr auto kSize = ZQButton::Size::small;
+  const auto& p = parameters_;
   View picture;
   if (p.systemImage) {
-    picture = Image::symbol(*p.systemImage).font(fontFor(kSize));
+    picture = Image::symbol(*p.systemImage).font(fontOf(kSize));
   } else if (p.image) {
-    picture = pictureOf(*p.image, kSize);
+    picture = squarePicture(*p.image, kSize);
   }
-  const std::string name = p.systemImage ? std::string() : p.image.value_or("Button");
-  return borderless(
-      context, {picture, textLabel_, name, kSize, ZQBorderlessOrientation::horizontal, *p.action});
+  const View button =
+      borderlessBody({picture, textLabel_, kSize, Orientation::horizontal, p.action}, context);
+  const bool named = textLabel_ || p.systemImage || !p.image;
+  return named ? button : button.accessibilityLabel(*p.image);
 }
 
 View ZQImageButton::body(Context& context) const {
-  const Image image = Image::named(image_);
-  const View picture =
-      parameters_.side
-          ? image.resizable().frame({.width = parameters_.side, .height = parameters_.side})
-          : View(image);
-  return borderless(context, {picture, std::nullopt, name_, ZQButton::Size::normal,
-                              ZQBorderlessOrientation::horizontal, *parameters_.action});
+  const auto& p = parameters_;
+  return borderlessBody(
+             {squarePicture(image_, p.size), std::nullopt, p.size, Orientation::horizontal, p.action},
+             context)
+      .accessibilityLabel(p.accessibleName.empty() ? image_ : p.accessibleName);
 }
 
 }  // namespace zq

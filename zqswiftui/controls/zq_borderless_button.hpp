@@ -1,30 +1,42 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
 #include <zqswiftui/controls/zq_button.hpp>
 
 namespace zq {
 
-enum class ZQBorderlessOrientation : unsigned char { horizontal, vertical };
-
-struct ZQBorderlessButtonParameters {
-  Required<std::string> systemImage;
-  ZQButton::Size size = ZQButton::Size::normal;
-  ZQBorderlessOrientation orientation = ZQBorderlessOrientation::horizontal;
-  Required<Action> action;
-};
-
-// A symbol with an optional label, beside each other 3 apart or stacked 10 apart, at opacity
-// 0.75 that rises to 1 under the pointer and fades back. Pressing it leaves the presentation
-// around it alone: whoever shows a panel closes it in the action.
-//   ZQBorderlessButton("Export", {.systemImage = "arrow.up", .action = f})
+// A symbol with an optional label, without a border: side by side, 3 points apart, or stacked,
+// 10 apart. A click anywhere on it calls the action. At opacity 0.75, at 1 under the pointer;
+// it fades back as the icon buttons do. A null action does nothing. Interface thread only.
+//   ZQBorderlessButton("Export", {.icon = "link", .size = ZQButton::Size::small,
+//                                 .orientation = ZQBorderlessButton::Orientation::vertical,
+//                                 .action = exportAll})
 class ZQBorderlessButton : public ViewModifiers<ZQBorderlessButton> {
  public:
-  using Orientation = ZQBorderlessOrientation;
-  using Parameters = ZQBorderlessButtonParameters;
-  explicit ZQBorderlessButton(Parameters p) : ZQBorderlessButton(std::nullopt, std::move(p)) {}
-  ZQBorderlessButton(std::optional<std::string> label, Parameters p)
-      : textLabel_(std::move(label)), parameters_(std::move(p)) {}
+  enum class Orientation : unsigned char { horizontal, vertical };
+
+  struct Parameters {
+    Required<std::string> icon;
+    Required<ZQButton::Size> size;
+    Required<Orientation> orientation;
+    Required<std::function<void()>> action;
+  };
+  // The same under the symbol's other name.
+  struct SystemImageParameters {
+    Required<std::string> systemImage;
+    Required<ZQButton::Size> size;
+    Required<Orientation> orientation;
+    Required<std::function<void()>> action;
+  };
+  ZQBorderlessButton(std::optional<std::string> label, Parameters parameters)
+      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+  ZQBorderlessButton(std::optional<std::string> label, const SystemImageParameters& p)
+      : ZQBorderlessButton(std::move(label),
+                           Parameters{p.systemImage, p.size, p.orientation, p.action}) {}
+
   View body(Context& context) const;
 
  private:
@@ -32,17 +44,20 @@ class ZQBorderlessButton : public ViewModifiers<ZQBorderlessButton> {
   Parameters parameters_;
 };
 
-struct ZQBorderlessCustomImageButtonParameters {
-  Required<std::string> image;  // a named picture in place of the symbol
-  ZQButton::Size size = ZQButton::Size::normal;
-  ZQBorderlessOrientation orientation = ZQBorderlessOrientation::horizontal;
-  Required<Action> action;
-};
+// The same with a picture of the application in the place of the symbol, in a square as high
+// as a ZQButton of that size. A picture that is missing leaves its square empty.
 class ZQBorderlessCustomImageButton : public ViewModifiers<ZQBorderlessCustomImageButton> {
  public:
-  using Parameters = ZQBorderlessCustomImageButtonParameters;
-  ZQBorderlessCustomImageButton(std::optional<std::string> label, Parameters p)
-      : textLabel_(std::move(label)), parameters_(std::move(p)) {}
+  using Orientation = ZQBorderlessButton::Orientation;
+  struct Parameters {
+    Required<std::string> image;
+    Required<ZQButton::Size> size;
+    Required<Orientation> orientation;
+    Required<std::function<void()>> action;
+  };
+  ZQBorderlessCustomImageButton(std::optional<std::string> label, Parameters parameters)
+      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:
@@ -50,17 +65,18 @@ class ZQBorderlessCustomImageButton : public ViewModifiers<ZQBorderlessCustomIma
   Parameters parameters_;
 };
 
-struct ZQBorderlessSmallButtonParameters {
-  std::optional<std::string> systemImage = std::nullopt;
-  std::optional<std::string> image = std::nullopt;  // shown where no symbol is given
-  Required<Action> action;
-};
-// In the small size, with a symbol, a picture, or the label alone.
+// A label in the caption font, with a symbol or a picture before it where one is named (the
+// symbol, where both are).
 class ZQBorderlessSmallButton : public ViewModifiers<ZQBorderlessSmallButton> {
  public:
-  using Parameters = ZQBorderlessSmallButtonParameters;
-  ZQBorderlessSmallButton(std::optional<std::string> label, Parameters p)
-      : textLabel_(std::move(label)), parameters_(std::move(p)) {}
+  struct Parameters {
+    std::optional<std::string> systemImage = std::nullopt;
+    std::optional<std::string> image = std::nullopt;
+    Required<std::function<void()>> action;
+  };
+  ZQBorderlessSmallButton(std::optional<std::string> label, Parameters parameters)
+      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:
@@ -68,22 +84,23 @@ class ZQBorderlessSmallButton : public ViewModifiers<ZQBorderlessSmallButton> {
   Parameters parameters_;
 };
 
-struct ZQImageButtonParameters {
-  std::optional<double> side =
-      std::nullopt;  // of the picture's square, in points; none: the picture's size
-  Required<Action> action;
-};
-// A named picture that is pressed, with the same opacities. `name` is what a screen reader says.
+// A picture of the application alone, in a square as high as a ZQButton of that size, pressed
+// like a button. The name that is spoken is the picture's, where no other one is given.
+//   ZQImageButton("logo", {.size = ZQButton::Size::mini, .action = showAbout})
 class ZQImageButton : public ViewModifiers<ZQImageButton> {
  public:
-  using Parameters = ZQImageButtonParameters;
-  ZQImageButton(std::string image, std::string name, Parameters p)
-      : image_(std::move(image)), name_(std::move(name)), parameters_(std::move(p)) {}
+  struct Parameters {
+    ZQButton::Size size = ZQButton::Size::normal;
+    std::string accessibleName{};
+    Required<std::function<void()>> action;
+  };
+  ZQImageButton(std::string image, Parameters parameters)
+      : image_(std::move(image)), parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:
   std::string image_;
-  std::string name_;
   Parameters parameters_;
 };
 

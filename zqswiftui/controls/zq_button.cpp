@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_button.hpp>
-#include <zqswiftui/platform/toolkit/animation.hpp>
-#include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
@@ -10,66 +9,67 @@
 namespace zq {
 namespace {
 
-constexpr double kSpacing = 4;
-constexpr double kEnds = 10;  // between the capsule's ends and what is in it
-
-double heightFor(ZQButtonSize size) {
-  switch (size) {
-    case ZQButtonSize::small:
-      return 18;
-    case ZQButtonSize::mini:
-      return 30;
-    case ZQButtonSize::normal:
-      break;
-  }
-  return 20;
-}
+constexpr double kEndInset = 8;     // keeps the title out of the round ends
+constexpr double kImageMargin = 3;  // above and below a picture
 
 }  // namespace
 
-Font fontFor(ZQButtonSize size) {
+Font fontOf(ZQButton::Size size) {
   switch (size) {
-    case ZQButtonSize::small:
+    case ZQButton::Size::small:
       return Font::caption();
-    case ZQButtonSize::mini:
+    case ZQButton::Size::mini:
       return Font::title2();
-    case ZQButtonSize::normal:
+    case ZQButton::Size::normal:
       break;
   }
   return Font::body();
 }
 
-View hoverOpacity(Context& context, double resting, double hovered,
-                  const std::function<View(double)>& draw) {
-  const auto inside = context.state(false);
-  return draw(*inside ? hovered : resting).onHover([inside](bool now) {
-    if (now) return inside.set(true);
-    withAnimation(Animation::standard(), [&] { inside.set(false); });
-  });
+double heightOf(ZQButton::Size size) {
+  switch (size) {
+    case ZQButton::Size::small:
+      return 18;
+    case ZQButton::Size::mini:
+      return 30;
+    case ZQButton::Size::normal:
+      break;
+  }
+  return 20;
+}
+
+View ZQButton::content() const {
+  std::vector<View> row;
+  if (parameters_.icon) {
+    row.push_back(Image::symbol(*parameters_.icon));
+  } else if (parameters_.image) {
+    const double side = heightOf(parameters_.size) - 2 * kImageMargin;
+    row.push_back(Image::named(*parameters_.image).resizable().frame(side, side));
+  }
+  row.push_back(Text(title_).lineLimit(1));
+  return HStack({.alignment = VerticalAlignment::center, .spacing = 4}, std::move(row))
+      .font(fontOf(parameters_.size))
+      .foregroundColor(Color::white().opacity(0.8))
+      .padding(EdgeInsets::symmetric(kEndInset, 0))
+      .frame({.width = parameters_.width, .height = heightOf(parameters_.size)});
+}
+
+View ZQButton::background() const {
+  const Capsule capsule(CornerStyle::continuous);
+  if (parameters_.backgroundGradient) return capsule.fill(*parameters_.backgroundGradient);
+  return capsule.fill(parameters_.backgroundColor.value_or(Color::gray()));
 }
 
 View ZQButton::body(Context& context) const {
-  const Parameters& p = parameters_;
-  const bool plain = !p.backgroundColor && !p.backgroundGradient;
-  const Font font = fontFor(p.size);
-  const Color white = Color::white().opacity(0.8);
-  std::vector<View> row;
-  if (p.icon) row.emplace_back(Image::symbol(*p.icon).font(font).foregroundColor(white));
-  if (p.image) {
-    const double side = heightFor(p.size) - 4;
-    row.emplace_back(Image::named(*p.image).resizable().frame(side, side));
-  }
-  row.emplace_back(Text(title_).font(font).foregroundColor(white).lineLimit(1));
-  const View content = HStack({.alignment = VerticalAlignment::center, .spacing = kSpacing}, row)
-                           .padding(EdgeInsets::symmetric(p.width ? 0 : kEnds, 0))
-                           .frame({.width = p.width, .height = heightFor(p.size)});
-  const ShapeView capsule =
-      p.backgroundGradient
-          ? Capsule(CornerStyle::continuous).fill(*p.backgroundGradient)
-          : Capsule(CornerStyle::continuous).fill(p.backgroundColor.value_or(Color::gray()));
-  return hoverOpacity(context, plain ? 0.1 : 0.5, plain ? 0.3 : 0.75, [&](double opacity) {
-    return content.background(capsule.opacity(opacity)).onTap(*p.action ? *p.action : [] {});
-  });
+  const double resting = isColored() ? 0.5 : 0.1;
+  const double hover = isColored() ? 0.75 : 0.3;
+  const auto opacity = context.state(resting);
+  return content()
+      .background(background().opacity(*opacity))
+      .onTap([action = parameters_.action.get()] {
+        if (action) action();
+      })
+      .onHover(brightenUnderPointer(opacity, resting, hover));
 }
 
 }  // namespace zq

@@ -1,18 +1,21 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/icon_buttons.hpp>
 #include <zqswiftui/controls/zq_cancel_continue_lower_bar.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 
 namespace zq {
 
-View ZQCancelContinueLowerBar::body(Context&) const {
-  std::vector<View> row{
-      ZQCancelButton("Cancel", {.action = *parameters_.onCancel}).keyboardShortcut(Key::escape),
+View ZQCancelContinueLowerBar::body(Context& /*context*/) const {
+  constexpr auto kSize = ZQButton::Size::normal;
+  std::vector<View> bar{
+      ZQCancelButton("Cancel", {.size = kSize, .action = parameters_.onCancel})
+          .keyboardShortcut(Key::escape),
       Spacer()};
   if (parameters_.onContinue) {
-    row.emplace_back(
-        ZQOkButton("OK", {.action = parameters_.onContinue}).keyboardShortcut(Key::enter));
+    bar.push_back(ZQContinueButton("Continue", {.size = kSize, .action = parameters_.onContinue})
+                      .keyboardShortcut(Key::enter));
   }
-  return HStack(row).padding(EdgeInsets::symmetric(16, 10));
+  return HStack(std::move(bar)).padding(10);
 }
 
 }  // namespace zq

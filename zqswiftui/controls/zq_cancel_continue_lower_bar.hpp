@@ -1,21 +1,24 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <zqswiftui/controls/icon_buttons.hpp>
+#include <functional>
+#include <zqswiftui/platform/toolkit/required.hpp>
+#include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
 
-struct ZQCancelContinueLowerBarParameters {
-  Required<Action> onCancel;
-  Action onContinue = nullptr;  // none: only the cancel button shows
-};
-// The bar at the bottom of a panel: Cancel at the leading end, which answers to Escape, and OK
-// at the trailing end, which answers to Return and goes on.
+// The bar below a sheet: Cancel at the leading end, answering to Escape, and Continue at the
+// trailing end, answering to Return. Without onContinue there is no Continue. It takes all
+// the width that is offered. Interface thread only.
 //   ZQCancelContinueLowerBar({.onCancel = close, .onContinue = next})
 class ZQCancelContinueLowerBar : public ViewModifiers<ZQCancelContinueLowerBar> {
  public:
-  using Parameters = ZQCancelContinueLowerBarParameters;
-  explicit ZQCancelContinueLowerBar(Parameters p) : parameters_(std::move(p)) {}
+  struct Parameters {
+    Required<std::function<void()>> onCancel;
+    std::function<void()> onContinue = nullptr;
+  };
+  explicit ZQCancelContinueLowerBar(Parameters parameters) : parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:

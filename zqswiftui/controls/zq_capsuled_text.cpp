@@ -8,43 +8,41 @@
 namespace zq {
 namespace {
 
-constexpr double kRoundEnds = 4;  // beside the padding, so that letters keep off the curve
+constexpr double kEndInset = 4;  // keeps letters out of the round ends
 
 double linear(double component) {
   return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
 
-double luminance(const RGBA& c) {
-  return 0.2126 * linear(static_cast<double>(c.red)) +
-         0.7152 * linear(static_cast<double>(c.green)) +
-         0.0722 * linear(static_cast<double>(c.blue));
-}
-
-double over(float front, float behind, float alpha) {
-  return static_cast<double>(front * alpha + behind * (1 - alpha));
-}
-
-// White or black, whichever contrasts more with the background as it shows over the window.
-Color readableOn(const Color& background, ColorScheme scheme) {
-  const RGBA c = background.resolve(scheme);
-  const RGBA w = Color::background().resolve(scheme);
-  const RGBA seen{static_cast<float>(over(c.red, w.red, c.alpha)),
-                  static_cast<float>(over(c.green, w.green, c.alpha)),
-                  static_cast<float>(over(c.blue, w.blue, c.alpha)), 1};
-  const double l = luminance(seen);
-  return 1.05 / (l + 0.05) >= (l + 0.05) / 0.05 ? Color::white() : Color::black();
+// Relative luminance, from 0 to 1.
+double luminance(const RGBA& front, const RGBA& behind) {
+  const auto mixed = [alpha = static_cast<double>(front.alpha)](float a, float b) {
+    return linear(alpha * static_cast<double>(a) + (1 - alpha) * static_cast<double>(b));
+  };
+  return 0.2126 * mixed(front.red, behind.red) + 0.7152 * mixed(front.green, behind.green) +
+         0.0722 * mixed(front.blue, behind.blue);
 }
 
 }  // namespace
 
+Color readableTextColor(Color background, ColorScheme scheme) {
+  // Both contrasts, (L + 0.05) / 0.05 with black and 1.05 / (L + 0.05) with white, are equal
+  // at this luminance.
+  constexpr double kEvenContrast = 0.1791;
+  const double seen = luminance(background.resolve(scheme), Color::background().resolve(scheme));
+  return seen > kEvenContrast ? Color::black() : Color::white();
+}
+
 View ZQCapsuledText::body(Context& context) const {
-  const Parameters& p = parameters_;
-  return Text(p.text)
-      .font(p.font)
-      .multilineTextAlignment(p.alignment)
-      .foregroundColor(readableOn(p.backgroundColor, context.environment<ColorSchemeKey>()))
-      .padding(EdgeInsets::symmetric(p.padding + kRoundEnds, p.padding))
-      .background(Capsule().fill(p.backgroundColor));
+  const Color ink =
+      readableTextColor(parameters_.backgroundColor, context.environment<ColorSchemeKey>());
+  const double padding = sanitized(parameters_.padding);
+  return Text(parameters_.text)
+      .font(parameters_.font)
+      .multilineTextAlignment(parameters_.alignment)
+      .foregroundColor(ink)
+      .padding(EdgeInsets::symmetric(padding + kEndInset, padding))
+      .background(Capsule().fill(parameters_.backgroundColor));
 }
 
 }  // namespace zq

@@ -2,24 +2,27 @@
 #pragma once
 
 #include <string>
+#include <zqswiftui/platform/toolkit/font.hpp>
+#include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
 
-// A text on a capsule. The text is white on dark backgrounds and black on light ones,
-// whichever contrasts more (relative luminance as in WCAG 2.1, section 1.4.3).
-//   ZQCapsuledText({.text = "4K", .font = Font::caption(), .padding = 4})
-struct ZQCapsuledTextParameters {
-  std::string text;
-  Font font = Font::body();
-  TextAlignment alignment = TextAlignment::center;
-  double padding = 4;  // points on every side; the ends get room for their roundness besides
-  Color backgroundColor = Color::black().opacity(0.8);
-  bool operator==(const ZQCapsuledTextParameters&) const = default;
-};
+// A text on a capsule. The text is white or black, whichever stands out more from the
+// background as it looks over the window in the current light or dark scheme. Padding is the
+// distance in points above and below the text; the round ends add some on the sides. Negative
+// and non-finite paddings count as none.
+//   ZQCapsuledText({.text = "alpha", .font = Font::caption(), .backgroundColor = Color::teal()})
 class ZQCapsuledText : public ViewModifiers<ZQCapsuledText> {
  public:
-  using Parameters = ZQCapsuledTextParameters;
+  struct Parameters {
+    Required<std::string> text;
+    Font font = Font::body();
+    TextAlignment alignment = TextAlignment::center;
+    double padding = 4;
+    Color backgroundColor = Color::black().opacity(0.8);
+    bool operator==(const Parameters&) const = default;
+  };
   explicit ZQCapsuledText(Parameters parameters) : parameters_(std::move(parameters)) {}
 
   View body(Context& context) const;
@@ -28,5 +31,8 @@ class ZQCapsuledText : public ViewModifiers<ZQCapsuledText> {
  private:
   Parameters parameters_;
 };
+
+// White or black: the one with the higher contrast on that background over the window.
+Color readableTextColor(Color background, ColorScheme scheme);
 
 }  // namespace zq

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_large_square_button.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
@@ -8,62 +9,47 @@
 namespace zq {
 namespace {
 
-constexpr double kCorner = 12;
-constexpr double kInset = 8;
-constexpr double kSymbolPart = 0.3;  // of the side
+constexpr double kSide = 96;
+constexpr double kRadius = 10;
 
-struct Tile {
-  std::string title;
-  std::string symbol;
-  double side;
-  std::optional<Color> color;
-  bool framed;
-  Action action;
-};
-
-View tile(Context& context, const Tile& t) {
-  const View content = VStack({.alignment = HorizontalAlignment::center, .spacing = kInset},
-                              {Image::symbol(t.symbol)
-                                   .font(Font::system(t.side * kSymbolPart))
-                                   .foregroundColor(t.color),
-                               Text(t.title)
-                                   .font(Font::caption())
-                                   .multilineTextAlignment(TextAlignment::center)
-                                   .lineLimit(2)})
-                           .padding(kInset)
-                           .frame(t.side, t.side);
-  const RoundedRectangle ground(kCorner, CornerStyle::continuous);
-  const View frame =
-      t.framed
-          ? View(ground.stroke(t.color.value_or(Color::accent()), {.lineWidth = 2, .dash = {}}))
-          : View();
-  return hoverOpacity(context, 0.1, 0.3, [&](double opacity) {
-    return content.background(ground.fill(Color::gray()).opacity(opacity))
-        .overlay(frame)
-        .onTap(t.action ? t.action : [] {});
-  });
+View face(const std::string& title, const std::string& symbol) {
+  return VStack({.spacing = 8},
+                {Image::symbol(symbol).font(Font::largeTitle()),
+                 Text(title).font(Font::caption()).multilineTextAlignment(TextAlignment::center)
+                     .lineLimit(2)})
+      .padding(6)
+      .frame(kSide, kSide);
 }
 
 }  // namespace
 
 View ZQLargeSquareButton::body(Context& context) const {
-  const Parameters& p = parameters_;
-  return tile(context, {title_, *p.systemImage, p.side, p.color, false, *p.action});
+  const std::optional<Color>& color = parameters_.backgroundColor;
+  const double resting = color ? 0.5 : 0.1;
+  const double hover = color ? 0.75 : 0.3;
+  const auto opacity = context.state(resting);
+  const View background =
+      RoundedRectangle(kRadius).fill(color.value_or(Color::gray())).opacity(*opacity);
+  return face(title_, parameters_.systemImage)
+      .background(background)
+      .onTap([action = parameters_.action.get()] {
+        if (action) action();
+      })
+      .onHover(brightenUnderPointer(opacity, resting, hover));
 }
 
-View ZQLargeSquareSelectableButton::body(Context& context) const {
-  const Parameters& p = parameters_;
-  const bool on = p.isSelected->get();
-  const auto press = [binding = *p.isSelected, callback = p.callback] {
-    const bool now = !binding.get();
-    binding.set(now);
-    if (callback) callback(now);
-  };
+View ZQLargeSquareSelectableButton::body(Context& /*context*/) const {
+  const auto& p = parameters_;
+  const View border =
+      p.isSelected ? RoundedRectangle(kRadius).stroke(Color::accent(), {.lineWidth = 2, .dash = {}})
+                   : View();
   Accessibility info;
   info.role = Role::toggle;
-  info.checked = on;
-  return tile(context, {title_, *p.systemImage, p.side, on ? std::optional(p.color) : std::nullopt,
-                        on, press})
+  info.checked = p.isSelected;
+  return ZQLargeSquareButton(title_, {.systemImage = p.systemImage,
+                                      .backgroundColor = p.backgroundColor,
+                                      .action = p.action})
+      .overlay(border)
       .accessibility(info);
 }
 

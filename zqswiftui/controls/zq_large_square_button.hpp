@@ -1,24 +1,29 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <zqswiftui/controls/zq_button.hpp>
+#include <functional>
+#include <optional>
+#include <string>
+#include <zqswiftui/platform/toolkit/color.hpp>
+#include <zqswiftui/platform/toolkit/required.hpp>
+#include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
 
-struct ZQLargeSquareButtonParameters {
-  Required<std::string> systemImage;
-  double side = 96;  // points
-  std::optional<Color> color = std::nullopt;
-  Required<Action> action;
-};
-// A square tile with a large symbol above its title; its ground rests at opacity 0.1 and shows
-// 0.3 under the pointer.
-//   ZQLargeSquareButton("New project", {.systemImage = "plus", .action = f})
+// A square of 96 points with a large symbol over a title, for the few choices of a start page.
+// Its background is at opacity 0.1 without a colour and 0.5 with one, and at 0.3 and 0.75 under
+// the pointer. A null action does nothing. Interface thread only.
+//   ZQLargeSquareButton("New project", {.systemImage = "plus", .action = create})
 class ZQLargeSquareButton : public ViewModifiers<ZQLargeSquareButton> {
  public:
-  using Parameters = ZQLargeSquareButtonParameters;
-  ZQLargeSquareButton(std::string title, Parameters p)
-      : title_(std::move(title)), parameters_(std::move(p)) {}
+  struct Parameters {
+    Required<std::string> systemImage;
+    std::optional<Color> backgroundColor = std::nullopt;
+    Required<std::function<void()>> action;
+  };
+  ZQLargeSquareButton(std::string title, Parameters parameters)
+      : title_(std::move(title)), parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:
@@ -26,19 +31,21 @@ class ZQLargeSquareButton : public ViewModifiers<ZQLargeSquareButton> {
   Parameters parameters_;
 };
 
-struct ZQLargeSquareSelectableButtonParameters {
-  Required<std::string> systemImage;
-  Required<Binding<bool>> isSelected;
-  double side = 96;               // points
-  Color color = Color::accent();  // of the frame and the symbol while it is selected
-  std::function<void(bool)> callback = nullptr;
-};
-// The same as a switch: framed while it is selected.
+// The same as one of several to choose from: the selected one has a border in the accent
+// colour. The host keeps the selection and changes it in the action.
+//   ZQLargeSquareSelectableButton("Dark", {.systemImage = "moon", .isSelected = dark,
+//                                          .action = [=] { choose(dark); }})
 class ZQLargeSquareSelectableButton : public ViewModifiers<ZQLargeSquareSelectableButton> {
  public:
-  using Parameters = ZQLargeSquareSelectableButtonParameters;
-  ZQLargeSquareSelectableButton(std::string title, Parameters p)
-      : title_(std::move(title)), parameters_(std::move(p)) {}
+  struct Parameters {
+    Required<std::string> systemImage;
+    Required<bool> isSelected;
+    std::optional<Color> backgroundColor = std::nullopt;
+    Required<std::function<void()>> action;
+  };
+  ZQLargeSquareSelectableButton(std::string title, Parameters parameters)
+      : title_(std::move(title)), parameters_(std::move(parameters)) {}
+
   View body(Context& context) const;
 
  private:

@@ -1,36 +1,36 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <zqswiftui/controls/zq_button.hpp>
+#include <zqswiftui/controls/symbol_button.hpp>
 
 namespace zq {
 
-struct ZQSystemImageButtonParameters {
-  std::optional<Color> color = std::nullopt;  // none: the foreground colour
-  ZQButton::Size size = ZQButton::Size::normal;
-  Required<Action> action;
-};
-
-// A symbol without border that brightens under the pointer: from 0.75 to 1 at once, back in
-// an animation. Read out by `name`, or by the symbol's own name.
-//   ZQSystemImageButton("gear", {.size = ZQButton::Size::mini, .action = openSettings})
-class ZQSystemImageButton : public ViewModifiers<ZQSystemImageButton> {
+// A symbol without a border that is pressed like a button; the root of the icon buttons. It
+// rests at opacity 0.75; under the pointer it is at 1 at once, and fades back afterwards.
+// Without a colour it has the foreground's. An unknown symbol draws nothing, a null action
+// does nothing. Interface thread only.
+//   ZQSystemImageButton("gear", {.action = [] { openSettings(); }})
+class ZQSystemImageButton : public SymbolButton<ZQSystemImageButton> {
  public:
-  using Parameters = ZQSystemImageButtonParameters;
-  ZQSystemImageButton(std::string systemName, Parameters parameters)
-      : systemName_(std::move(systemName)), parameters_(std::move(parameters)) {}
-  View body(Context& context) const;
-
-  // The text that stands right of the symbol and belongs to the button.
-  ZQSystemImageButton label(std::optional<std::string> text) const;
-  // What a screen reader says.
-  ZQSystemImageButton name(std::string text) const;
-
- private:
-  std::string systemName_;
-  Parameters parameters_;
-  std::optional<std::string> label_;
-  std::string name_;
+  // All but the symbol's name.
+  struct Options {
+    std::optional<Color> color = std::nullopt;
+    ZQButton::Size size = ZQButton::Size::normal;
+    Required<std::function<void()>> action;
+  };
+  struct Parameters {
+    Required<std::string> systemName;
+    std::optional<Color> color = std::nullopt;
+    ZQButton::Size size = ZQButton::Size::normal;
+    Required<std::function<void()>> action;
+  };
+  explicit ZQSystemImageButton(const Parameters& p)
+      : ZQSystemImageButton(p.systemName, {p.color, p.size, p.action}) {}
+  ZQSystemImageButton(std::string systemName, const Options& o)
+      : SymbolButton({.systemName = std::move(systemName),
+                      .color = o.color,
+                      .size = o.size,
+                      .action = o.action}) {}
 };
 
 }  // namespace zq

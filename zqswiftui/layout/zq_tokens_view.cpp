@@ -51,7 +51,8 @@ std::vector<std::string> tokensOf(std::string_view text, std::string_view separa
 
 View ZQTokensView::body(Context& context) const {
   const auto editing = *context.stateOf([this] {
-    return std::make_shared<Editing>(joinedByCommas(tokenList_.get()), tokenList_, separators_);
+    return std::make_shared<Editing>(
+        Editing{joinedByCommas(tokenList_.get()), tokenList_, separators_});
   });
   editing->tokenList = tokenList_;
   editing->separators = separators_;

@@ -1,0 +1,23 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/hover_opacity.hpp>
+#include <zqswiftui/controls/symbol_button.hpp>
+#include <zqswiftui/platform/toolkit/button.hpp>
+#include <zqswiftui/platform/toolkit/image.hpp>
+#include <zqswiftui/platform/toolkit/stacks.hpp>
+#include <zqswiftui/platform/toolkit/text.hpp>
+
+namespace zq {
+
+View symbolButtonBody(const SymbolLook& look, Context& context) {
+  const auto opacity = context.state(kRestingOpacity);
+  View face = Image::symbol(look.systemName);
+  if (look.label) face = HStack({.spacing = 4}, {face, Text(*look.label).lineLimit(1)});
+  const View button =
+      Button(look.action, face.font(fontOf(look.size)).foregroundColor(look.color))
+          .opacity(*opacity)
+          .onHover(brightenUnderPointer(opacity));
+  const bool named = !look.label && !look.accessibleName.empty();
+  return named ? button.accessibilityLabel(look.accessibleName) : button;
+}
+
+}  // namespace zq

@@ -5,5 +5,18 @@
 //   #include <zqswiftui/zqswiftui.hpp>
 // The host's platform is included beside it. Inside the library include what you use.
 
-#include <zqswiftui/platform/services/appearance.hpp>
-#include <zqswiftui/platform/services/text_measurer.hpp>
+#include <zqswiftui/bindings/zq_deferred_binding.hpp>
+#include <zqswiftui/controls/icon_buttons.hpp>
+#include <zqswiftui/controls/zq_borderless_button.hpp>
+#include <zqswiftui/controls/zq_button.hpp>
+#include <zqswiftui/controls/zq_cancel_continue_lower_bar.hpp>
+#include <zqswiftui/controls/zq_capsuled_text.hpp>
+#include <zqswiftui/controls/zq_favorite_button.hpp>
+#include <zqswiftui/controls/zq_large_square_button.hpp>
+#include <zqswiftui/controls/zq_plus_minus_buttons.hpp>
+#include <zqswiftui/controls/zq_system_image_button.hpp>
+#include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
+#include <zqswiftui/layout/flow_layout.hpp>
+#include <zqswiftui/layout/zq_tags_view.hpp>
+#include <zqswiftui/layout/zq_tokens_view.hpp>
+#include <zqswiftui/platform/toolkit/toolkit.hpp>

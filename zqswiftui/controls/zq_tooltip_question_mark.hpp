@@ -20,7 +20,10 @@ class ZQTooltipQuestionMark : public ViewModifiers<ZQTooltipQuestionMark> {
     bool operator==(const Parameters&) const = default;
   };
   explicit ZQTooltipQuestionMark(Parameters parameters) : parameters_(std::move(parameters)) {}
-  explicit ZQTooltipQuestionMark(std::string text) : parameters_{std::nullopt, std::move(text)} {}
+  // A template, so that braces always mean the parameters.
+  template <std::convertible_to<std::string> Text>
+  explicit ZQTooltipQuestionMark(Text&& text)
+      : parameters_{std::nullopt, std::forward<Text>(text)} {}
 
   View body(Context& context) const;
   bool operator==(const ZQTooltipQuestionMark&) const = default;

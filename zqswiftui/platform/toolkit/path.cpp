@@ -9,6 +9,10 @@ namespace {
 // Control length of a quarter circle of radius 1 drawn as a cubic: 4/3 (sqrt(2) - 1).
 constexpr double kQuarter = 0.5522847498307936;
 
+// Of continuous corners: how much longer the bend is, and how near its controls come.
+constexpr double kEarlier = 0.28;
+constexpr double kPull = 0.30;
+
 bool finite(Point p) {
   return std::isfinite(p.x) && std::isfinite(p.y);
 }
@@ -61,9 +65,11 @@ Path& Path::addRoundedRect(const Rect& r, double radius, bool continuous) {
   const double half = std::min(r.width, r.height) / 2;
   const double want = std::clamp(sanitized(radius), 0.0, std::max(half, 0.0));
   if (want == 0) return addRect(r);
-  // A continuous corner begins its bend earlier and pulls harder towards the corner.
-  const double reach = continuous ? std::min(want * 1.28, half) : want;
-  const double pull = continuous ? reach * 0.30 : reach * (1 - kQuarter);
+  // A continuous corner begins its bend earlier and pulls harder towards the corner; where the
+  // sides leave no room for that it is a circular one, so that a capsule's ends are round.
+  const double smooth = continuous ? std::clamp((half / want - 1) / kEarlier, 0.0, 1.0) : 0.0;
+  const double reach = want * (1 + kEarlier * smooth);
+  const double pull = reach * ((1 - kQuarter) * (1 - smooth) + kPull * smooth);
   moveTo({r.x + reach, r.y});
   lineTo({r.maxX() - reach, r.y});
   curveTo({r.maxX() - pull, r.y}, {r.maxX(), r.y + pull}, {r.maxX(), r.y + reach});

@@ -44,7 +44,7 @@ void ShapeNode::recordFill(Piece& piece, const Paint& paint) const {
       piece.emplace_back(FillRoundedRect{all, std::min(s.radius_, half), s.continuous_, paint});
       return;
     case ShapeView::Kind::capsule:
-      piece.emplace_back(FillRoundedRect{all, half, s.continuous_, paint});
+      piece.emplace_back(FillRoundedRect{all, half, false, paint});  // its ends are half circles
       return;
     case ShapeView::Kind::circle:
       piece.emplace_back(FillRoundedRect{

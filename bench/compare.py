@@ -1,0 +1,131 @@
+#!/usr/bin/env python3
+"""Runs programs that do the same job in turn and prints their medians and the bars.
+
+Each run is a process of its own that answers a line of JSON for each item, itself a median of
+several repetitions; the table shows the median of the runs, and their least. Called by
+bench/run: compare.py [--rounds N] [--raw FILE] NAME=COMMAND...
+"""
+import argparse
+import collections
+import json
+import os
+import statistics
+import subprocess
+import sys
+import time
+
+JOBS = [('items', 100), ('items', 1000), ('items', 10000)] + 3 * [('first-frame', 1000)] + \
+       [('memory', 100), ('memory', 10000)]
+
+# What is promised: ours at most `most` times the other's, or below a fixed value.
+BARS = [
+    ('build to placed', 'W1', 10000, 'qt-widgets', 'W1', 1 / 4),
+    ('build to placed', 'W1', 10000, 'floor', 'W1-measured', 2),
+    ('new width to placed', 'W2', 10000, 'gtk4', 'W2', 1 / 6),
+    ('new width to a frame', 'W2-frame', 10000, 'qt-widgets', 'W2-frame', 1 / 3),
+    ('one text changed', 'W4', 10000, 'qt-widgets', 'W4', 1 / 4),
+    ('one text changed', 'W4', 10000, 'ms', 2, 1),
+    ('one appended', 'W5-append', 10000, 'qt-widgets', 'W5-append', 1 / 4),
+    ('one appended', 'W5-append', 10000, 'ms', 2, 1),
+    ('the first removed', 'W5-remove', 10000, 'qt-widgets', 'W5-remove', 1 / 4),
+    ('the first removed', 'W5-remove', 10000, 'ms', 2, 1),
+    ('hover, a move', 'W8', 1000, 'qt-widgets', 'W8', 1),
+    ('full repaint', 'W7', 1000, 'floor', 'W7', 1.25),
+    ('main to first frame', 'W3', 1000, 'qt-widgets', 'W3', 1),
+    ('memory a tag', 'W6', 10000, 'bytes', 1024, 1),
+]
+
+
+def number(value):
+    digits = 0 if value >= 100 else 1 if value >= 10 else 2 if value >= 1 else 3
+    return f'{value:.{digits}f}'
+
+
+def run(commands, rounds, raw):
+    found = collections.defaultdict(list)
+    for turn in range(rounds):
+        for place, (mode, n) in enumerate(JOBS):
+            first = (turn + place) % len(commands)  # another one first each time
+            for name, command in commands[first:] + commands[:first]:
+                environment = dict(os.environ, BENCH_SPAWN_NS=str(time.time_ns()))
+                done = subprocess.run(command + [mode, '--n', str(n)], env=environment, text=True,
+                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                if done.returncode:
+                    sys.exit(f'{name} {mode} {n} failed: {done.stderr.strip()[-300:]}')
+                for line in done.stdout.splitlines():
+                    if not line.startswith('{'):
+                        continue
+                    result = json.loads(line)
+                    result.update(peer=name, round=turn)
+                    found[result['item'], result['n'], name].append(result['median'])
+                    if raw:
+                        raw.write(json.dumps(result) + '\n')
+        print(f'round {turn + 1} of {rounds} done', file=sys.stderr, flush=True)
+    return found
+
+
+def add_memory(found, names):
+    """What one tag adds to the peak between 100 and 10,000 of them, in bytes."""
+    for name in names:
+        few = found.pop(('W6-rss', 100, name), None)
+        many = found.pop(('W6-rss', 10000, name), None)
+        if few and many:
+            base = statistics.median(few)
+            found['W6', 10000, name] = [(m - base) * 1024 / 9900 for m in many]
+
+
+def print_rows(rows):
+    widths = [max(len(row[i]) for row in rows) for i in range(len(rows[0]))]
+    for row in rows:
+        first, *rest = (cell.ljust(w) if i == 0 else cell.rjust(w)
+                        for i, (cell, w) in enumerate(zip(row, widths)))
+        print('  '.join([first, *rest]).rstrip())
+
+
+def print_table(found, names):
+    keys = sorted({(item, n) for item, n, _ in found})
+    rows = [['item', 'N'] + names]
+    for item, n in keys:
+        cells = []
+        for name in names:
+            values = found.get((item, n, name))
+            cells.append(f'{number(statistics.median(values))} ({number(min(values))})'
+                         if values else '-')
+        rows.append([item, str(n) if n else ''] + cells)
+    print('\nMedians of the runs (least of them), ms; W6: bytes a tag\n')
+    print_rows(rows)
+
+
+def print_bars(found):
+    rows = [['bar', 'N', 'ours', 'against', 'theirs', 'ratio', 'at most', '']]
+    for what, item, n, peer, against, most in BARS:
+        ours = found.get((item, n, 'ours'))
+        fixed = peer in ('ms', 'bytes')
+        theirs = [against] if fixed else found.get((against, n, peer))
+        if not ours or not theirs:
+            continue
+        mine, other = statistics.median(ours), statistics.median(theirs)
+        rows.append([what, str(n), number(mine), peer if fixed else f'{peer} {against}',
+                     number(other), f'{mine / other:.2f}', f'{most:.2f}',
+                     'met' if mine <= most * other else 'MISSED'])
+    print('\nOurs against the bars\n')
+    print_rows(rows)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument('--rounds', type=int, default=5)
+    parser.add_argument('--raw', type=argparse.FileType('a'), help='keeps every result as JSON')
+    parser.add_argument('programs', nargs='+', metavar='NAME=COMMAND')
+    arguments = parser.parse_args()
+    commands = [(name, command.split())
+                for name, command in (p.split('=', 1) for p in arguments.programs)]
+    found = run(commands, arguments.rounds, arguments.raw)
+    names = [name for name, _ in commands]
+    add_memory(found, names)
+    print_table(found, names)
+    print_bars(found)
+
+
+if __name__ == '__main__':
+    main()

@@ -82,7 +82,7 @@ struct Describer {
     if (c.alignment == TextAlignment::center) text += " center";
     if (c.alignment == TextAlignment::trailing) text += " trailing";
     if (!c.singleLine) text += " wrapped";
-    if (c.maxLines > 0) text += " lines " + std::to_string(c.maxLines);
+    if (!c.singleLine && c.maxLines > 0) text += " lines " + std::to_string(c.maxLines);
     if (c.elideMiddle) text += " middle";
     return text + ' ' + c.color.description();
   }

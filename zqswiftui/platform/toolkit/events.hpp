@@ -61,10 +61,10 @@ enum class Cursor : unsigned char {
 
 // What a drag over the window carries. Data is read when it is dropped, not before.
 struct DropInfo {
-  Point location;                  // in points of the view that takes it
-  std::vector<std::string> types;  // "public.file-url", "public.url", "public.utf8-plain-text"
-  std::vector<std::string> urls;   // empty until the drop
-  std::string text;                // empty until the drop
+  Point location{};                  // in points of the view that takes it
+  std::vector<std::string> types{};  // "public.file-url", "public.url", "public.utf8-plain-text"
+  std::vector<std::string> urls{};   // empty until the drop
+  std::string text{};                // empty until the drop
 };
 
 // A place to drop: `types` lists what is taken.

@@ -66,11 +66,8 @@ class ForEachNode final : public Node, private ItemArray::Source {
   }
   std::string debugName() const override { return "ForEach"; }
   void describe(std::vector<AccessibilityNode>& out) override {
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-      if (!items_.nodeAt(i)) items_.materialize(i).place(items_.frameOf(i));
-      items_.nodeAt(i)->describe(out);
-    }
-    tree().visibilityMayHaveChanged();
+    items_.keepAll();  // a screen reader comes back with the ids that it was told
+    Node::describe(out);
   }
 
  protected:

@@ -145,11 +145,7 @@ std::span<const Size> Subviews::idealSizes() const {
 void Subviews::placeIdeal(std::span<const Point> points) const {
   ZQ_REQUIRE(points.size() == size_, "Subviews: one point for each child");
   for (const Part& part : parts_) {
-    for (std::size_t i = 0; i < part.count; ++i) {
-      const std::size_t k = part.begin + i;
-      part.items->placeAt(k, points[part.first + i], part.items->idealSize(k),
-                          ProposedSize::unspecified());
-    }
+    part.items->placeIdeal(part.begin, points.subspan(part.first, part.count));
   }
 }
 

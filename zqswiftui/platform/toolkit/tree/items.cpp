@@ -23,6 +23,7 @@ Node& ItemArray::materialize(std::size_t i) {
     if (!node) node = Node::create(emptyPlace(), owner_.tree(), &owner_);
     node->slot_ = static_cast<int>(i);
     ++live_;
+    noteLive(i);
     owner_.invalidateBounds();
   }
   return *node;
@@ -67,7 +68,23 @@ void ItemArray::placeAt(std::size_t i, Point origin, const Size& size,
   if (mirrored_) origin.x = width_ - origin.x - size.width;
   positions_[i] = origin;
   placedSizes_[i] = size;
+  framesKnown_ = false;
   if (Node* node = nodes_[i].get()) node->place(Rect::of(origin, size), proposal);
+}
+
+void ItemArray::placeIdeal(std::size_t first, std::span<const Point> origins) {
+  const std::size_t end = first + origins.size();
+  for (std::size_t i = first; unknown_ > 0 && i < end; ++i) idealSize(i);
+  std::copy_n(ideal_.begin() + static_cast<std::ptrdiff_t>(first), origins.size(),
+              placedSizes_.begin() + static_cast<std::ptrdiff_t>(first));
+  for (std::size_t i = first; i < end; ++i) {
+    const Point at = origins[i - first];
+    positions_[i] = {mirrored_ ? width_ - at.x - ideal_[i].width : at.x, at.y};
+  }
+  framesKnown_ = false;
+  for (std::size_t i = std::max(first, liveBegin_); i < std::min(end, liveEnd_); ++i) {
+    if (Node* node = nodes_[i].get()) node->place(frameOf(i), ProposedSize::unspecified());
+  }
 }
 
 void ItemArray::append(std::size_t count) {
@@ -78,6 +95,7 @@ void ItemArray::append(std::size_t count) {
   positions_.resize(n);
   placedSizes_.resize(n);
   unknown_ += count;
+  framesKnown_ = false;
 }
 
 void ItemArray::clear() {
@@ -90,7 +108,8 @@ void ItemArray::clear() {
   positions_.clear();
   placedSizes_.clear();
   other_.clear();
-  live_ = unknown_ = 0;
+  live_ = unknown_ = liveBegin_ = liveEnd_ = 0;
+  framesKnown_ = false;
 }
 
 namespace {
@@ -145,11 +164,14 @@ void ItemArray::splice(std::size_t first, std::size_t oldCount, std::span<const 
   replaceRange(positions_, first, oldCount, std::move(positions));
   replaceRange(placedSizes_, first, oldCount, std::move(placed));
   other_.clear();
+  framesKnown_ = false;
+  liveBegin_ = std::min(liveBegin_, first);
+  liveEnd_ = std::max(liveEnd_, first + oldCount) + newCount - oldCount;
   renumber(first);
 }
 
 void ItemArray::renumber(std::size_t first) {
-  for (std::size_t i = first; i < nodes_.size(); ++i) {
+  for (std::size_t i = first; i < liveEnd_; ++i) {
     if (nodes_[i]) nodes_[i]->slot_ = static_cast<int>(i);
   }
 }
@@ -179,9 +201,16 @@ void ItemArray::invalidated(const Node& child) {
   if (i < otherKnown_.size()) otherKnown_[i] = 0;
 }
 
+void ItemArray::keepAll() {
+  keep_ = Keep::always;
+  for (std::size_t i = 0; i < nodes_.size(); ++i) {
+    if (!nodes_[i]) materialize(i).place(frameOf(i), ProposedSize::unspecified());
+  }
+}
+
 void ItemArray::forEachNode(const NodeVisitor& visit) {
-  for (const auto& node : nodes_) {
-    if (node) visit(*node);
+  for (std::size_t i = liveBegin_; i < liveEnd_; ++i) {
+    if (nodes_[i]) visit(*nodes_[i]);
   }
 }
 
@@ -193,17 +222,29 @@ void ItemArray::retire(std::size_t i) {
 }
 
 void ItemArray::showOnly(const Rect& visible) {
+  const double right = visible.maxX(), bottom = visible.maxY();
+  std::size_t begin = nodes_.size(), end = 0;
   for (std::size_t i = 0; i < nodes_.size(); ++i) {
-    const bool shows = frameOf(i).intersects(visible);
+    const Point& at = positions_[i];
+    const Size& size = placedSizes_[i];
+    const bool shows = at.y < bottom && visible.y < at.y + size.height && at.x < right &&
+                       visible.x < at.x + size.width;
     if (shows && !nodes_[i]) {
       materialize(i).place(frameOf(i), ProposedSize::unspecified());
     } else if (!shows && nodes_[i] && isVirtual()) {
       retire(i);
     }
+    if (!nodes_[i]) continue;
+    begin = std::min(begin, i);
+    end = i + 1;
   }
+  liveBegin_ = std::min(begin, end);
+  liveEnd_ = end;
 }
 
-Rect ItemArray::frames() const {
+const Rect& ItemArray::frames() {
+  if (framesKnown_) return frames_;
+  framesKnown_ = true;
   double right = 0, bottom = 0, left = INFINITY, top = INFINITY;
   for (std::size_t i = 0; i < positions_.size(); ++i) {
     left = std::min(left, positions_[i].x);
@@ -211,13 +252,14 @@ Rect ItemArray::frames() const {
     right = std::max(right, positions_[i].x + placedSizes_[i].width);
     bottom = std::max(bottom, positions_[i].y + placedSizes_[i].height);
   }
-  if (!(left < right && top < bottom)) return {};
-  return {left, top, right - left, bottom - top};
+  const bool any = left < right && top < bottom;
+  frames_ = any ? Rect{left, top, right - left, bottom - top} : Rect{};
+  return frames_;
 }
 
 void ItemArray::paint(PaintPass& pass, Point origin) {
-  for (const auto& node : nodes_) {
-    if (node) Node::paintChild(*node, pass, origin);
+  for (std::size_t i = liveBegin_; i < liveEnd_; ++i) {
+    if (nodes_[i]) Node::paintChild(*nodes_[i], pass, origin);
   }
 }
 
@@ -228,7 +270,7 @@ void ItemArray::forgetSizes() {
 }
 
 bool ItemArray::hitTest(Point point, HitPath& path) {
-  for (std::size_t i = nodes_.size(); i-- > 0;) {
+  for (std::size_t i = liveEnd_; i-- > liveBegin_;) {
     Node* node = nodes_[i].get();
     if (!node) continue;
     // What a child draws outside of its frame can be hit as well.

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -40,6 +41,9 @@ class ItemArray {
   }
   void placeAt(std::size_t i, Point origin, const Size& size, const ProposedSize& proposal);
 
+  // Those from `first` on at their ideal sizes, one for each point.
+  void placeIdeal(std::size_t first, std::span<const Point> origins);
+
   void append(std::size_t count);
   void clear();
   // Replaces the items [first, first + oldCount) by newCount; from[k] is the old index whose
@@ -50,12 +54,14 @@ class ItemArray {
   void changed(std::size_t i, const View* next);
   void invalidated(const Node& child);
 
+  // From now on every child has a node that stays: somebody holds on to them by their ids.
+  void keepAll();
   void forEachNode(const NodeVisitor& visit);
   void setEnvironment(const EnvironmentPtr& environment);
   // Makes the nodes that show in the rectangle and lets go of those that do not and may.
   void showOnly(const Rect& visible);
   bool isVirtual() const { return keep_ == Keep::whileVisible && size() > kLarge; }
-  Rect frames() const;  // of all, united
+  const Rect& frames();  // of all, united
   void paint(PaintPass& pass, Point origin);
   void forgetSizes();
   bool hitTest(Point point, HitPath& path);
@@ -65,10 +71,14 @@ class ItemArray {
   static constexpr std::size_t kKeptWhileMeasuring = 1024;
   void retire(std::size_t i);
   void renumber(std::size_t first);
+  void noteLive(std::size_t i) {
+    liveBegin_ = std::min(liveBegin_, i);
+    liveEnd_ = std::max(liveEnd_, i + 1);
+  }
 
   Node& owner_;
   const Source& source_;
-  const Keep keep_;
+  Keep keep_;
   std::vector<std::unique_ptr<Node>> nodes_;
   std::vector<Size> ideal_;
   std::vector<unsigned char> idealKnown_;
@@ -78,7 +88,12 @@ class ItemArray {
   std::vector<unsigned char> otherKnown_;
   ProposedSize otherProposal_;
   std::size_t live_ = 0;
+  // All nodes stand in here: few of a long list, and they are walked far more often than made.
+  std::size_t liveBegin_ = 0;
+  std::size_t liveEnd_ = 0;
   std::size_t unknown_ = 0;  // how many ideal sizes are not known
+  Rect frames_;
+  bool framesKnown_ = false;
   double width_ = 0;
   bool mirrored_ = false;
 };

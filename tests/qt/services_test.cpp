@@ -27,6 +27,7 @@ TEST(QtMainQueue, keepsTheOrderOfEachThreadThatPosts) {
   std::vector<std::vector<int>> seen(kThreads);
   int all = 0;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&, t] {
       for (int i = 0; i < kPosts; ++i) {
@@ -95,7 +96,7 @@ TEST(QtPreferences, valuesComeBackInTheirTypesAfterARestart) {
 
 TEST(QtImageCodec, keepsToTheLimitsAndRefusesWhatIsNoImage) {
   const ImageCodec codec;
-  Pixels pixels{40, 20, Bytes(40 * 20 * 4, 128)};
+  Pixels pixels{40, 20, Bytes(std::size_t{40} * 20 * 4, 128)};
   const Bytes png = codec.encodePng(pixels);
   EXPECT_EQ(codec.decode(png, {}), pixels);
   const auto small = codec.decode(png, {10, 1000});

@@ -54,7 +54,7 @@ std::optional<std::string> Bundle::resource(std::string_view name,
   if (!extension.empty()) file.append(".").append(extension);
   if (leavesFolder(file)) return std::nullopt;
   for (const std::string& folder : folders_) {
-    const QFileInfo info(toQString(folder + '/' + file));
+    const QFileInfo info(QDir(toQString(folder)), toQString(file));
     if (info.isFile()) return info.absoluteFilePath().toStdString();
   }
   return unpacked(file);

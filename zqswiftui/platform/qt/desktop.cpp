@@ -95,6 +95,7 @@ void Appearance::refresh() {
   if (now == values_) return;
   values_ = now;
   std::vector<unsigned long> ids;
+  ids.reserve(listeners_.size());
   for (const auto& [id, listener] : listeners_) ids.push_back(id);
   for (const unsigned long id : ids) {
     const auto found = listeners_.find(id);

@@ -33,7 +33,7 @@ QString shortenedLine(const QString& rest, const FontEntry& font, double width, 
   const qsizetype feed = rest.indexOf(QChar(QChar::LineSeparator));
   if (feed < 0) return font.metrics.elidedText(rest, mode, width);
   const QString first = rest.left(feed);
-  const QString marked = first + kEllipsis;
+  QString marked = first + kEllipsis;
   if (font.metrics.horizontalAdvance(marked) <= width) return marked;
   return font.metrics.elidedText(first + QChar(u' ') + kEllipsis, Qt::ElideRight, width);
 }

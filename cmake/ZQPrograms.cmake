@@ -18,6 +18,8 @@ function(zq_program folder name link)
     target_link_libraries(${name}-parts PUBLIC ${link})
     zq_warnings(${name}-parts)
     target_link_libraries(${name} PRIVATE ${name}-parts)
+    # What a program generates for itself it adds to ${name}-parts.
+    include("${PROJECT_SOURCE_DIR}/${folder}/program.cmake" OPTIONAL)
   endif()
   target_include_directories(${name} PRIVATE "${ZQ_FLOOR_ROOT}/programs")
   target_link_libraries(${name} PRIVATE ${link})

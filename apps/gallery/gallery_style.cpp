@@ -1,0 +1,103 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <apps/gallery/gallery_style.hpp>
+#include <zqswiftui/layout/flow_layout.hpp>
+
+namespace zq::gallery {
+namespace {
+
+View framedPanel(View content, double radius) {
+  return content.background(RoundedRectangle(radius).fill(Color::background()))
+      .overlay(RoundedRectangle(radius).stroke(Color::separator()));
+}
+
+View panel(const std::string& caption, View view) {
+  return framedPanel(
+      VStack(
+          {.alignment = HorizontalAlignment::leading, .spacing = 12},
+          {view, Spacer(), Text(caption).font(Font::caption()).foregroundColor(Color::secondary())})
+          .padding(12)
+          .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::topLeading()}),
+      8);
+}
+
+}  // namespace
+
+View card(const std::string& title, View content) {
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {Text(title).font(Font::headline()), std::move(content)})
+      .padding(16)
+      .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::topLeading()})
+      .background(RoundedRectangle(12).fill(Color::primary().opacity(0.04)))
+      .overlay(RoundedRectangle(12).stroke(Color::separator().opacity(0.6)));
+}
+
+View cards(std::vector<View> all) {
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 16}, std::move(all));
+}
+
+View sample(const std::string& caption, View view) {
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = 8},
+      {std::move(view), Text(caption).font(Font::caption()).foregroundColor(Color::secondary())});
+}
+
+View samples(std::vector<View> all) {
+  return LayoutView(NewFlowLayout({.alignment = Alignment::bottomLeading(), .spacing = 16}),
+                    std::move(all));
+}
+
+View note(const std::string& text) {
+  return Text(text).font(Font::callout()).foregroundColor(Color::secondary());
+}
+
+View row(const std::string& name, View value) {
+  return HStack({.spacing = 12}, {Text(name)
+                                      .foregroundColor(Color::secondary())
+                                      .frame({.width = 130, .alignment = Alignment::leading()}),
+                                  std::move(value)});
+}
+
+View lightAndDark(View view) {
+  return HStack({.spacing = 12},
+                {panel("Light", view).environment<ColorSchemeKey>(ColorScheme::light),
+                 panel("Dark", view).environment<ColorSchemeKey>(ColorScheme::dark)});
+}
+
+View bothDirections(View view) {
+  return HStack(
+      {.spacing = 12},
+      {panel("Left to right", view).environment<LayoutDirectionKey>(LayoutDirection::leftToRight),
+       panel("Right to left", view).environment<LayoutDirectionKey>(LayoutDirection::rightToLeft)});
+}
+
+View onDark(View view) {
+  return framedPanel(view.padding(12), 8).environment<ColorSchemeKey>(ColorScheme::dark);
+}
+
+View Toggle::body(Context& context) const {
+  auto hovered = context.state(false);
+  const bool on = isOn.get();
+  const double level = *hovered ? 0.14 : 0.07;
+  const Color ground = on ? Color::accent().opacity(0.9) : Color::primary().opacity(level);
+  return HStack({.spacing = 6}, {Image::symbol(symbol).font(Font::caption()),
+                                 Text(title).font(Font::callout()).lineLimit(1)})
+      .foregroundColor(on ? Color::white() : Color::primary())
+      .padding(EdgeInsets::symmetric(12, 5))
+      .background(Capsule().fill(ground))
+      .onHover([hovered](bool inside) { hovered.set(inside); })
+      .onTap([binding = isOn] { binding.set(!binding.get()); })
+      .accessibility({.role = Role::toggle, .label = title, .checked = on});
+}
+
+View PushButton::body(Context& context) const {
+  auto hovered = context.state(false);
+  return Button(action,
+                Text(title)
+                    .font(Font::callout())
+                    .lineLimit(1)
+                    .padding(EdgeInsets::symmetric(12, 5))
+                    .background(Capsule().fill(Color::primary().opacity(*hovered ? 0.14 : 0.07))))
+      .onHover([hovered](bool inside) { hovered.set(inside); });
+}
+
+}  // namespace zq::gallery

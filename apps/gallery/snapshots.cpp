@@ -1,0 +1,77 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <QString>
+#include <algorithm>
+#include <apps/gallery/gallery_window.hpp>
+#include <apps/gallery/snapshots.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <zqswiftui/platform/qt/snapshot.hpp>
+
+namespace zq::gallery {
+namespace {
+
+constexpr double kSheetWidth = 1280;
+constexpr double kLeastHeight = 480;
+constexpr double kMostHeight = 2400;
+constexpr Size kWindowSize{1280, 800};
+
+class NoWindow final : public HostDelegate {
+ public:
+  void frameRequested() override {}
+};
+
+struct Picture {
+  std::string name;
+  View view;
+  Size size;
+};
+
+Size sheetSize(const View& view) {
+  NoWindow window;
+  ViewHost host(view, window);
+  const Size wanted = host.sizeThatFits({kSheetWidth, std::nullopt});
+  return {kSheetWidth, std::clamp(wanted.height, kLeastHeight, kMostHeight)};
+}
+
+std::vector<Picture> pictures(std::optional<std::size_t> only,
+                              const std::shared_ptr<const Words>& words) {
+  std::vector<Picture> all;
+  const auto& pages = galleryPages();
+  if (!only) all.push_back({"gallery", View(GalleryWindow{0, words}), kWindowSize});
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (only && *only != i) continue;
+    const View sheet = PageSheet{i, words};
+    all.push_back({pageSlug(pages[i].title), sheet, sheetSize(sheet)});
+  }
+  return all;
+}
+
+}  // namespace
+
+Result<void> paintPages(const std::string& folder, std::optional<std::size_t> only,
+                        const std::shared_ptr<const Words>& words) {
+  std::error_code fault;
+  std::filesystem::create_directories(folder, fault);
+  if (!std::filesystem::is_directory(folder, fault)) {
+    return Error{"Cannot make the folder " + folder + "."};
+  }
+  const std::vector<Picture> all = pictures(only, words);
+  const std::size_t total = all.size() * 2;
+  std::size_t done = 0;
+  for (const Picture& picture : all) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+      const bool light = scheme == ColorScheme::light;
+      const std::string name = picture.name + (light ? "-light.png" : "-dark.png");
+      const std::string path = (std::filesystem::path(folder) / name).string();
+      const QImage image = qt::renderView(picture.view, picture.size, 1, {.colorScheme = scheme});
+      if (image.isNull() || !image.save(QString::fromStdString(path))) {
+        return Error{"Cannot write " + path + "."};
+      }
+      std::printf("[%2zu/%zu] %s\n", ++done, total, name.c_str());
+      std::fflush(stdout);
+    }
+  }
+  return {};
+}
+
+}  // namespace zq::gallery

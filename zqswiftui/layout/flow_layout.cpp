@@ -11,88 +11,100 @@ namespace {
 
 constexpr double kWidthWhereNoneIsOffered = 10;
 
-std::ptrdiff_t checkedAdd(std::ptrdiff_t a, std::ptrdiff_t b) {
-  std::ptrdiff_t sum = 0;
-  ZQ_REQUIRE(!__builtin_add_overflow(a, b, &sum),
-             "NewFlowLayout: an index of a child is too large to be counted");
-  return sum;
+// One pass over the children: tells each one's offset in its row, and each row when it is full.
+// Everything is reckoned from what remains of the offer and not from what has been used, so
+// that a row is full exactly where subtraction says so. Answers the room that all rows take.
+template <class Gap, class Child, class Row>
+Size walkRows(double offered, std::span<const Size> sizes, const Gap& gapBefore, double verticalGap,
+              const Child& child, const Row& row) {
+  ZQ_REQUIRE(std::in_range<std::ptrdiff_t>(sizes.size()),
+             "NewFlowLayout: there are more children than can be counted");
+  Size bounds;
+  double remaining = std::isfinite(offered) ? offered : std::numeric_limits<double>::max();
+  double top = 0, height = 0;
+  std::size_t start = 0;
+  const auto close = [&](std::size_t end) {
+    const double used = offered - remaining;
+    row(start, end, Rect{0, top, used, height});
+    bounds.width = std::max(bounds.width, used);
+    bounds.height += height + (start > 0 ? verticalGap : 0);
+    top += height + verticalGap;
+    start = end;
+    height = 0;
+    remaining = offered;
+  };
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    const Size& size = sizes[i];
+    double gap = i > start ? gapBefore(i) : 0;
+    // A comparison with NaN is false: such a child stays where it is.
+    if (i > 0 && remaining < size.width + gap) {
+      close(i);
+      gap = 0;
+    }
+    child(i, offered - remaining + gap);
+    remaining -= size.width + gap;
+    height = std::max(height, size.height);
+  }
+  if (!sizes.empty()) close(sizes.size());
+  return bounds;
 }
 
-// The state of one pass. Everything is reckoned from what remains of the offer and not from
-// what has been used, so that a row is full exactly where subtraction says so.
 template <class Gap>
-class RowBuilder {
- public:
-  RowBuilder(double offeredWidth, const Gap& gap, double verticalGap)
-      : offered_(offeredWidth),
-        remaining_(std::isfinite(offeredWidth) ? offeredWidth
-                                               : std::numeric_limits<double>::max()),
-        gap_(gap),
-        verticalGap_(verticalGap) {}
+FlowResult collectRows(double offered, std::span<const Size> sizes, const Gap& gap,
+                       double verticalGap) {
+  FlowResult result;
+  std::vector<double> offsets;
+  const auto child = [&](std::size_t, double offset) { offsets.push_back(offset); };
+  const auto row = [&](std::size_t start, std::size_t end, const Rect& frame) {
+    result.rows.push_back(
+        {.range = {static_cast<std::ptrdiff_t>(start), static_cast<std::ptrdiff_t>(end)},
+         .xOffsets = std::exchange(offsets, {}),
+         .frame = frame});
+  };
+  result.bounds = walkRows(offered, sizes, gap, verticalGap, child, row);
+  return result;
+}
 
-  FlowResult build(std::span<const Size> sizes) {
-    ZQ_REQUIRE(std::in_range<std::ptrdiff_t>(sizes.size()),
-               "NewFlowLayout: there are more children than can be counted");
-    const auto count = static_cast<std::ptrdiff_t>(sizes.size());
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-      const Size& size = sizes[static_cast<std::size_t>(i)];
-      // A comparison with NaN is false: such a child stays where it is.
-      if (i > 0 && remaining_ < size.width + gapBefore(i)) closeRow(i - 1);
-      add(size, gapBefore(i));
-      if (i == count - 1) closeRow(i);
-    }
-    return std::move(result_);
+// Where the children of one row stand, once its size is known.
+class RowAligner {
+ public:
+  RowAligner(const Rect& row, const Rect& bounds, Alignment alignment)
+      : row_(row), top_(row.y + bounds.y), down_(fraction(alignment.vertical)) {
+    // Leading is no shift at all, also where the free width is not finite.
+    const double shift = alignment.horizontal == HorizontalAlignment::leading
+                             ? 0
+                             : (bounds.width - row.width) * fraction(alignment.horizontal);
+    left_ = shift + row.x + bounds.x;
+  }
+  Point place(double offset, double height) const {
+    return {left_ + offset, top_ + (row_.height - height) * down_};
   }
 
  private:
-  double gapBefore(std::ptrdiff_t i) const {
-    return itemsInRow_ < 1 ? 0 : gap_(static_cast<std::size_t>(i));
-  }
-
-  void add(const Size& size, double gap) {
-    xOffsets_.push_back(offered_ - remaining_ + gap);
-    remaining_ -= size.width + gap;
-    rowHeight_ = std::max(rowHeight_, size.height);
-    itemsInRow_ = checkedAdd(itemsInRow_, 1);
-  }
-
-  void closeRow(std::ptrdiff_t last) {
-    const std::ptrdiff_t start = last - std::max<std::ptrdiff_t>(itemsInRow_ - 1, 0);
-    const double used = offered_ - remaining_;
-    const std::size_t expected = xOffsets_.size();
-    result_.rows.push_back({.range = {start, checkedAdd(last, 1)},
-                            .xOffsets = std::exchange(xOffsets_, {}),
-                            .frame = {0, rowMinY_, used, rowHeight_}});
-    xOffsets_.reserve(expected);  // rows hold about as many as the one before
-    result_.bounds.width = std::max(result_.bounds.width, used);
-    result_.bounds.height += rowHeight_ + (result_.rows.size() >= 2 ? verticalGap_ : 0);
-    rowMinY_ += rowHeight_ + verticalGap_;
-    itemsInRow_ = 0;
-    rowHeight_ = 0;
-    remaining_ = offered_;
-  }
-
-  double offered_;
-  double remaining_;
-  const Gap& gap_;
-  double verticalGap_;
-  std::ptrdiff_t itemsInRow_ = 0;
-  double rowMinY_ = 0;
-  double rowHeight_ = 0;
-  std::vector<double> xOffsets_;
-  FlowResult result_;
+  const Rect& row_;
+  double left_ = 0, top_, down_;
 };
+
+// The parameters' distances as functions that can be inlined, for a list may be long.
+template <class Use>
+auto withGaps(const std::optional<double>& spacing, const Subviews& subviews, const Use& use) {
+  if (spacing) return use([&](std::size_t) { return *spacing; }, *spacing);
+  const auto preferred = [&](std::size_t i) {
+    return subviews[i - 1].spacing().distance(subviews[i].spacing(), Axis::horizontal);
+  };
+  return use(preferred, ViewSpacing{}.distance(ViewSpacing{}, Axis::vertical));
+}
 
 }  // namespace
 
 FlowResult flowRows(double offeredWidth, std::span<const Size> sizes, const FlowGap& horizontalGap,
                     double verticalGap) {
-  return RowBuilder(offeredWidth, horizontalGap, verticalGap).build(sizes);
+  return collectRows(offeredWidth, sizes, horizontalGap, verticalGap);
 }
 
 FlowResult flowRows(double offeredWidth, std::span<const Size> sizes, double spacing) {
-  const auto gap = [spacing](std::size_t) { return spacing; };
-  return RowBuilder(offeredWidth, gap, spacing).build(sizes);
+  return collectRows(
+      offeredWidth, sizes, [spacing](std::size_t) { return spacing; }, spacing);
 }
 
 std::vector<Point> flowPositions(const FlowResult& flow, std::span<const Size> sizes,
@@ -100,39 +112,40 @@ std::vector<Point> flowPositions(const FlowResult& flow, std::span<const Size> s
   std::vector<Point> points;
   points.reserve(sizes.size());
   for (const FlowRow& row : flow.rows) {
-    const double free = bounds.width - row.frame.width;
-    // Leading is no shift at all, also where the free width is not finite.
-    const double shift = alignment.horizontal == HorizontalAlignment::leading
-                             ? 0
-                             : free * fraction(alignment.horizontal);
-    for (const double xOffset : row.xOffsets) {
-      const double height = sizes[points.size()].height;
-      const double down = (row.frame.height - height) * fraction(alignment.vertical);
-      points.push_back({shift + row.frame.x + xOffset + bounds.x, row.frame.y + down + bounds.y});
+    const RowAligner aligner(row.frame, bounds, alignment);
+    for (const double offset : row.xOffsets) {
+      points.push_back(aligner.place(offset, sizes[points.size()].height));
     }
   }
   return points;
 }
 
-FlowResult NewFlowLayout::flow(const ProposedSize& proposal, const Subviews& subviews,
-                               std::span<const Size> sizes) const {
-  const double width = proposal.width.value_or(kWidthWhereNoneIsOffered);
-  if (parameters_.spacing) return flowRows(width, sizes, *parameters_.spacing);
-  const FlowGap gap = [&subviews](std::size_t i) {
-    return subviews[i - 1].spacing().distance(subviews[i].spacing(), Axis::horizontal);
-  };
-  return flowRows(width, sizes, gap, ViewSpacing{}.distance(ViewSpacing{}, Axis::vertical));
-}
-
 Size NewFlowLayout::sizeThatFits(const ProposedSize& proposal, const Subviews& subviews) const {
-  return flow(proposal, subviews, subviews.idealSizes()).bounds;
+  const double width = proposal.width.value_or(kWidthWhereNoneIsOffered);
+  return withGaps(parameters_.spacing, subviews, [&](const auto& gap, double verticalGap) {
+    return walkRows(
+        width, subviews.idealSizes(), gap, verticalGap, [](std::size_t, double) {},
+        [](std::size_t, std::size_t, const Rect&) {});
+  });
 }
 
+// Like flowRows and flowPositions, without keeping the rows in between.
 void NewFlowLayout::placeSubviews(const Rect& bounds, const ProposedSize& proposal,
                                   const Subviews& subviews) const {
+  const double width = proposal.width.value_or(kWidthWhereNoneIsOffered);
   const std::span<const Size> sizes = subviews.idealSizes();
-  const FlowResult rows = flow(proposal, subviews, sizes);
-  subviews.placeIdeal(flowPositions(rows, sizes, bounds, parameters_.alignment));
+  std::vector<Point> points(sizes.size());
+  const auto child = [&](std::size_t i, double offset) { points[i].x = offset; };
+  const auto row = [&](std::size_t start, std::size_t end, const Rect& frame) {
+    const RowAligner aligner(frame, bounds, parameters_.alignment);
+    for (std::size_t i = start; i < end; ++i) {
+      points[i] = aligner.place(points[i].x, sizes[i].height);
+    }
+  };
+  withGaps(parameters_.spacing, subviews, [&](const auto& gap, double verticalGap) {
+    return walkRows(width, sizes, gap, verticalGap, child, row);
+  });
+  subviews.placeIdeal(points);
 }
 
 bool NewFlowLayout::equals(const Layout& other) const {

@@ -67,9 +67,6 @@ class NewFlowLayout final : public Layout {
   bool equals(const Layout& other) const override;
 
  private:
-  FlowResult flow(const ProposedSize& proposal, const Subviews& subviews,
-                  std::span<const Size> sizes) const;
-
   Parameters parameters_;
 };
 

@@ -77,6 +77,7 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
   void paintBar(PaintPass& pass, Point origin, Axis axis) const;
 
   Point offset_;
+  bool moved_ = false;  // by the user, from where the content begins
   Size content_;
 };
 
@@ -85,12 +86,13 @@ void ScrollNode::layoutChildren() {
   const ProposedSize offer = inner(ProposedSize::exactly(frame().size()));
   content_ = child()->measure(offer);
   content_ = {std::min(content_.width, kFarAway), std::min(content_.height, kFarAway)};
-  // Right to left, a content that is wider begins at its right end.
   child()->place(
       Rect::of({}, {std::max(content_.width, along(Axis::horizontal) ? 0.0 : frame().width),
                     content_.height}),
       offer);
-  const Point kept = clamped(offset_);
+  // Right to left, a content that is wider begins at its right end.
+  const bool fromRight = !moved_ && rightToLeft();
+  const Point kept = clamped({fromRight ? kFarAway : moved_ ? offset_.x : 0, offset_.y});
   if (!(kept == offset_)) {
     offset_ = kept;
     damageAll();
@@ -103,6 +105,7 @@ bool ScrollNode::scrollTo(Point to) {
   to = clamped(to);
   if (to == offset_) return false;
   offset_ = to;
+  moved_ = true;
   invalidateBounds();
   damageAll();
   tree().visibilityMayHaveChanged();

@@ -9,6 +9,7 @@
 namespace zq {
 namespace {
 
+constexpr std::size_t kMostMeasured = 30;
 constexpr double kNotGiven = std::numeric_limits<double>::quiet_NaN();
 
 bool sameLength(double a, double b) {
@@ -73,17 +74,34 @@ void Node::setEnvironment(const EnvironmentPtr& environment) {
 Size Node::measure(const ProposedSize& proposal) {
   const double width = proposal.width ? *proposal.width : kNotGiven;
   const double height = proposal.height ? *proposal.height : kNotGiven;
-  for (unsigned char i = 0; i < measuredCount_; ++i) {
-    const Measured& m = measured_[i];
-    if (sameLength(m.width, width) && sameLength(m.height, height)) return m.size;
-  }
+  if (const Size* known = knownSize(width, height)) return *known;
   Size size = computeSize(proposal);
   size = {sanitized(size.width), sanitized(size.height)};
-  measured_[measuredNext_] = {width, height, size};
-  measuredNext_ = static_cast<unsigned char>((measuredNext_ + 1u) % measured_.size());
-  if (measuredCount_ < measured_.size()) ++measuredCount_;
-  if (measuredCount_ == 1) measured_[0] = {width, height, size}, measuredNext_ = 1;
+  remember({width, height, size});
   return size;
+}
+
+const Size* Node::knownSize(double width, double height) const {
+  const auto find = [&](const Measured* begin, std::size_t count) -> const Size* {
+    for (const Measured* m = begin; m != begin + count; ++m) {
+      if (sameLength(m->width, width) && sameLength(m->height, height)) return &m->size;
+    }
+    return nullptr;
+  };
+  if (const Size* known = find(measured_.data(), measuredCount_)) return known;
+  return moreMeasured_ ? find(moreMeasured_->data(), moreMeasured_->size()) : nullptr;
+}
+
+// Stacks ask each child for its least, its most and its share on either axis. Each of these must
+// be kept: one that is forgotten is asked for again at every level of a deep nesting.
+void Node::remember(const Measured& measured) {
+  if (measuredCount_ < measured_.size()) {
+    measured_[measuredCount_++] = measured;
+    return;
+  }
+  if (!moreMeasured_) moreMeasured_ = std::make_unique<std::vector<Measured>>();
+  if (moreMeasured_->size() >= kMostMeasured) moreMeasured_->erase(moreMeasured_->begin());
+  moreMeasured_->push_back(measured);
 }
 
 void Node::place(const Rect& frame, const ProposedSize& proposal) {

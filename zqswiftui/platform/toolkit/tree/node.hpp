@@ -181,7 +181,12 @@ class Node {
     double width = 0, height = 0;  // proposed; NaN where not given
     Size size;
   };
-  void clearMeasured() { measuredCount_ = 0; }
+  const Size* knownSize(double width, double height) const;
+  void remember(const Measured& measured);
+  void clearMeasured() {
+    measuredCount_ = 0;
+    if (moreMeasured_) moreMeasured_->clear();
+  }
   void noteMove(const Rect& next, bool resized);
 
   Tree& tree_;
@@ -193,7 +198,6 @@ class Node {
   int slot_ = -1;      // index in an array of items
   int placedAt_ = -1;  // index in the tree's list of nodes placed in this frame
   unsigned char measuredCount_ = 0;
-  unsigned char measuredNext_ = 0;
   bool placed_ = false;
   bool layoutDirty_ = true;
   bool boundsDirty_ = true;
@@ -201,7 +205,8 @@ class Node {
   Rect frame_;
   Rect bounds_;
   ProposedSize proposal_;
-  std::array<Measured, 3> measured_;
+  std::array<Measured, 2> measured_;
+  std::unique_ptr<std::vector<Measured>> moreMeasured_;  // few nodes are offered more than two
   std::unique_ptr<Motion<Point>> motion_;  // from where it was shown to where it is placed
 };
 

@@ -12,10 +12,9 @@ View symbolButtonBody(const SymbolLook& look, Context& context) {
   const auto opacity = context.state(kRestingOpacity);
   View face = Image::symbol(look.systemName);
   if (look.label) face = HStack({.spacing = 4}, {face, Text(*look.label).lineLimit(1)});
-  const View button =
-      Button(look.action, face.font(fontOf(look.size)).foregroundColor(look.color))
-          .opacity(*opacity)
-          .onHover(brightenUnderPointer(opacity));
+  const View button = Button(look.action, face.font(fontOf(look.size)).foregroundColor(look.color))
+                          .opacity(*opacity)
+                          .onHover(brightenUnderPointer(opacity));
   const bool named = !look.label && !look.accessibleName.empty();
   return named ? button.accessibilityLabel(look.accessibleName) : button;
 }

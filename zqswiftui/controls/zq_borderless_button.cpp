@@ -73,9 +73,9 @@ View ZQBorderlessSmallButton::body(Context& context) const {
 
 View ZQImageButton::body(Context& context) const {
   const auto& p = parameters_;
-  return borderlessBody(
-             {squarePicture(image_, p.size), std::nullopt, p.size, Orientation::horizontal, p.action},
-             context)
+  return borderlessBody({squarePicture(image_, p.size), std::nullopt, p.size,
+                         Orientation::horizontal, p.action},
+                        context)
       .accessibilityLabel(p.accessibleName.empty() ? image_ : p.accessibleName);
 }
 

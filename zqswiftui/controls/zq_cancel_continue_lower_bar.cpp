@@ -7,10 +7,9 @@ namespace zq {
 
 View ZQCancelContinueLowerBar::body(Context& /*context*/) const {
   constexpr auto kSize = ZQButton::Size::normal;
-  std::vector<View> bar{
-      ZQCancelButton("Cancel", {.size = kSize, .action = parameters_.onCancel})
-          .keyboardShortcut(Key::escape),
-      Spacer()};
+  std::vector<View> bar{ZQCancelButton("Cancel", {.size = kSize, .action = parameters_.onCancel})
+                            .keyboardShortcut(Key::escape),
+                        Spacer()};
   if (parameters_.onContinue) {
     bar.push_back(ZQContinueButton("Continue", {.size = kSize, .action = parameters_.onContinue})
                       .keyboardShortcut(Key::enter));

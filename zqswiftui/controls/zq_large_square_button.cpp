@@ -13,32 +13,37 @@ constexpr double kSide = 96;
 constexpr double kRadius = 10;
 
 View face(const std::string& title, const std::string& symbol) {
-  return VStack({.spacing = 8},
-                {Image::symbol(symbol).font(Font::largeTitle()),
-                 Text(title).font(Font::caption()).multilineTextAlignment(TextAlignment::center)
-                     .lineLimit(2)})
+  return VStack({.spacing = 8}, {Image::symbol(symbol).font(Font::largeTitle()),
+                                 Text(title)
+                                     .font(Font::caption())
+                                     .multilineTextAlignment(TextAlignment::center)
+                                     .lineLimit(2)})
       .padding(6)
       .frame(kSide, kSide);
 }
 
-}  // namespace
-
-View ZQLargeSquareButton::body(Context& context) const {
-  const std::optional<Color>& color = parameters_.backgroundColor;
-  const double resting = color ? 0.5 : 0.1;
-  const double hover = color ? 0.75 : 0.3;
+// Whatever is drawn over the face must lie inside of what is pressed, or it would take the click.
+View square(const ZQLargeSquareButton::Parameters& p, const View& face, Context& context) {
+  const double resting = p.backgroundColor ? 0.5 : 0.1;
+  const double hover = p.backgroundColor ? 0.75 : 0.3;
   const auto opacity = context.state(resting);
-  const View background =
-      RoundedRectangle(kRadius).fill(color.value_or(Color::gray())).opacity(*opacity);
-  return face(title_, parameters_.systemImage)
-      .background(background)
-      .onTap([action = parameters_.action.get()] {
+  return face
+      .background(RoundedRectangle(kRadius)
+                      .fill(p.backgroundColor.value_or(Color::gray()))
+                      .opacity(*opacity))
+      .onTap([action = p.action.get()] {
         if (action) action();
       })
       .onHover(brightenUnderPointer(opacity, resting, hover));
 }
 
-View ZQLargeSquareSelectableButton::body(Context& /*context*/) const {
+}  // namespace
+
+View ZQLargeSquareButton::body(Context& context) const {
+  return square(parameters_, face(title_, parameters_.systemImage), context);
+}
+
+View ZQLargeSquareSelectableButton::body(Context& context) const {
   const auto& p = parameters_;
   const View border =
       p.isSelected ? RoundedRectangle(kRadius).stroke(Color::accent(), {.lineWidth = 2, .dash = {}})
@@ -46,10 +51,10 @@ View ZQLargeSquareSelectableButton::body(Context& /*context*/) const {
   Accessibility info;
   info.role = Role::toggle;
   info.checked = p.isSelected;
-  return ZQLargeSquareButton(title_, {.systemImage = p.systemImage,
-                                      .backgroundColor = p.backgroundColor,
-                                      .action = p.action})
-      .overlay(border)
+  return square({.systemImage = p.systemImage,
+                 .backgroundColor = p.backgroundColor,
+                 .action = p.action},
+                face(title_, p.systemImage).overlay(border), context)
       .accessibility(info);
 }
 

@@ -13,12 +13,13 @@ constexpr double kWidestPopover = 320;  // a line that is still read with ease
 
 View ZQTooltipQuestionMark::body(Context& context) const {
   const auto showPop = context.state(false);
-  const View bubble = Text(parameters_.text)
-                          .flexFrame({.maxWidth = kWidestPopover, .alignment = Alignment::leading()})
-                          .padding(10);
-  return ZQSystemImageButton("questionmark.circle",
-                             {.color = parameters_.color,
-                              .action = [showPop] { showPop.set(!*showPop); }})
+  const View bubble =
+      Text(parameters_.text)
+          .flexFrame({.maxWidth = kWidestPopover, .alignment = Alignment::leading()})
+          .padding(10);
+  return ZQSystemImageButton(
+             "questionmark.circle",
+             {.color = parameters_.color, .action = [showPop] { showPop.set(!*showPop); }})
       .accessibilityLabel("Help")
       .help(parameters_.text)
       .popover(showPop.binding(), bubble);

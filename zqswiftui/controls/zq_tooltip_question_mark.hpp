@@ -22,8 +22,7 @@ class ZQTooltipQuestionMark : public ViewModifiers<ZQTooltipQuestionMark> {
   explicit ZQTooltipQuestionMark(Parameters parameters) : parameters_(std::move(parameters)) {}
   // A template, so that braces always mean the parameters.
   template <std::convertible_to<std::string> Text>
-  explicit ZQTooltipQuestionMark(Text&& text)
-      : parameters_{std::nullopt, std::forward<Text>(text)} {}
+  explicit ZQTooltipQuestionMark(const Text& text) : parameters_{std::nullopt, text} {}
 
   View body(Context& context) const;
   bool operator==(const ZQTooltipQuestionMark&) const = default;

@@ -60,6 +60,7 @@ FlowResult collectRows(double offered, std::span<const Size> sizes, const Gap& g
         {.range = {static_cast<std::ptrdiff_t>(start), static_cast<std::ptrdiff_t>(end)},
          .xOffsets = std::exchange(offsets, {}),
          .frame = frame});
+    offsets.reserve(result.rows.back().xOffsets.size());  // rows of one list are much alike
   };
   result.bounds = walkRows(offered, sizes, gap, verticalGap, child, row);
   return result;

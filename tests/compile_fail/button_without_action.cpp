@@ -1,0 +1,8 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+// floor: components
+// says: Required
+#include <zqswiftui/controls/zq_system_image_button.hpp>
+
+int main() {
+  const zq::ZQSystemImageButton button("gear", {.size = zq::ZQButton::Size::small});
+}

@@ -1,0 +1,7 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/controls/zq_system_image_button.hpp>
+
+int main() {
+  const zq::ZQSystemImageButton button("gear",
+                                       {.size = zq::ZQButton::Size::small, .action = nullptr});
+}

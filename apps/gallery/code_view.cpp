@@ -7,7 +7,7 @@
 namespace zq::gallery {
 namespace {
 
-constexpr double kCodeSize = 12;
+constexpr double kCodeSize = 11;
 
 constexpr std::array<std::string_view, 24> kKeywords = {
     "auto",   "bool",   "class",  "const", "constexpr", "double", "else",    "explicit",
@@ -107,13 +107,11 @@ std::vector<CodeLine> colouredCode(std::string_view code) {
   return lines;
 }
 
-// Code reads from left to right whatever the language of the window.
 View CodeView::body(Context&) const {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 2},
                 {ForEach(colouredCode(code), &CodeLine::number,
                          [](const CodeLine& line) { return lineView(line); })})
-      .font(Font::system(kCodeSize).monospaced())
-      .environment<LayoutDirectionKey>(LayoutDirection::leftToRight);
+      .font(Font::system(kCodeSize).monospaced());
 }
 
 }  // namespace zq::gallery

@@ -7,7 +7,8 @@ namespace zq::gallery {
 namespace {
 
 constexpr double kSidebarWidth = 208;
-constexpr double kCodeShare = 0.42;      // of what is beside the sidebar
+constexpr double kSheetPageWidth = 640;
+constexpr double kCodeShare = 0.44;      // of what is beside the sidebar
 constexpr double kCodeBesideFrom = 820;  // narrower pages have their code below
 
 const FlexFrame kFill{
@@ -73,16 +74,17 @@ View pagePart(const GalleryPage& page) {
       {.maxWidth = kInfinity, .alignment = Alignment::topLeading()});
 }
 
+// Code reads from left to right whatever the language of the window.
 View codePart(const GalleryPage& page) {
-  return CodeView(page.code).padding(16);
+  return ScrollView(CodeView(page.code).padding(16), ScrollAxes::both)
+      .background(Color::primary().opacity(0.03))
+      .environment<LayoutDirectionKey>(LayoutDirection::leftToRight);
 }
 
 View pageAndCode(const GalleryPage& page, bool withCode, Size size) {
   const View content = ScrollView(pagePart(page)).id("page " + page.title);
   if (!withCode) return content.flexFrame(kFill);
-  const View code = ScrollView(codePart(page), ScrollAxes::both)
-                        .id("code " + page.title)
-                        .background(Color::primary().opacity(0.03));
+  const View code = codePart(page).id("code " + page.title);
   if (size.width >= kCodeBesideFrom) {
     return HStack(
         {.alignment = VerticalAlignment::top, .spacing = 0},
@@ -157,11 +159,8 @@ View PageSheet::body(Context&) const {
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 0},
                 {title(shown).padding(16), line(false),
                  HStack({.alignment = VerticalAlignment::top, .spacing = 0},
-                        {pagePart(shown), codePart(shown)
-                                              .flexFrame({.maxHeight = kInfinity,
-                                                          .alignment = Alignment::topLeading()})
-                                              .background(Color::primary().opacity(0.03))})})
-      .flexFrame(kFill)
+                        {ScrollView(pagePart(shown)).frame({.width = kSheetPageWidth}), line(true),
+                         codePart(shown)})})
       .background(Color::background())
       .environment<WordsKey>(words);
 }

@@ -41,7 +41,7 @@ int showWindow(std::size_t page, const std::shared_ptr<const Words>& words) {
   zq::qt::HostWidget window(GalleryWindow{page, words});
   window.setWindowTitle("Gallery");
   window.setMinimumSize(640, 400);
-  window.resize(1280, 800);
+  window.resize(1360, 860);
   window.show();
   return QApplication::exec();
 }

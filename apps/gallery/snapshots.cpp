@@ -10,10 +10,9 @@
 namespace zq::gallery {
 namespace {
 
-constexpr double kSheetWidth = 1280;
-constexpr double kLeastHeight = 480;
-constexpr double kMostHeight = 2400;
-constexpr Size kWindowSize{1280, 800};
+constexpr Size kLeastSheet{1000, 320};
+constexpr Size kMostSheet{1800, 4000};
+constexpr Size kWindowSize{1360, 860};
 
 class NoWindow final : public HostDelegate {
  public:
@@ -29,8 +28,9 @@ struct Picture {
 Size sheetSize(const View& view) {
   NoWindow window;
   ViewHost host(view, window);
-  const Size wanted = host.sizeThatFits({kSheetWidth, std::nullopt});
-  return {kSheetWidth, std::clamp(wanted.height, kLeastHeight, kMostHeight)};
+  const Size wanted = host.sizeThatFits(ProposedSize::unspecified());
+  return {std::clamp(wanted.width, kLeastSheet.width, kMostSheet.width),
+          std::clamp(wanted.height, kLeastSheet.height, kMostSheet.height)};
 }
 
 std::vector<Picture> pictures(std::optional<std::size_t> only,

@@ -11,21 +11,24 @@ using Orientation = ZQBorderlessButton::Orientation;
 
 View button(ZQButton::Size size, Orientation orientation) {
   return ZQBorderlessButton("Export", {.systemImage = "square.and.arrow.up",
-                                       .size = size,
-                                       .orientation = orientation,
-                                       .action = [] {}});
+                                          .size = size,
+                                          .orientation = orientation,
+                                          .action = [] {}});
 }
 
 View sizes(Orientation orientation) {
-  return samples({sample("small", button(ZQButton::Size::small, orientation)),
-                  sample("normal", button(ZQButton::Size::normal, orientation)),
-                  sample("mini", button(ZQButton::Size::mini, orientation))});
+  return samples(
+      {sample("small", button(ZQButton::Size::small, orientation)),
+          sample("normal", button(ZQButton::Size::normal, orientation)),
+          sample("mini", button(ZQButton::Size::mini, orientation))});
 }
 
 View smallOnes() {
-  return samples({ZQBorderlessSmallButton("Rename", {.systemImage = "pencil", .action = [] {}}),
-                  ZQBorderlessSmallButton("Remove", {.systemImage = "trash", .action = [] {}}),
-                  ZQBorderlessSmallButton("Label alone", {.action = [] {}})});
+  return samples({ZQBorderlessSmallButton(
+                      "Rename", {.systemImage = "pencil", .action = [] {}}),
+      ZQBorderlessSmallButton(
+          "Remove", {.systemImage = "trash", .action = [] {}}),
+      ZQBorderlessSmallButton("Label alone", {.action = [] {}})});
 }
 
 struct BorderlessButtons {
@@ -34,9 +37,11 @@ struct BorderlessButtons {
         card("Side by side", sizes(Orientation::horizontal)),
         card("Stacked", sizes(Orientation::vertical)),
         card("Small", smallOnes()),
-        card("In a colour", sizes(Orientation::horizontal).foregroundColor(Color::blue())),
+        card("In a colour",
+            sizes(Orientation::horizontal).foregroundColor(Color::blue())),
         card("Disabled", smallOnes().disabled()),
-        card("Light and dark", lightAndDark(button(ZQButton::Size::normal, Orientation::vertical))),
+        card("Light and dark", lightAndDark(button(ZQButton::Size::normal,
+                                   Orientation::vertical))),
         card("Right to left", bothDirections(smallOnes())),
     });
   }
@@ -48,10 +53,11 @@ struct BorderlessButtons {
 namespace pages {
 
 GalleryPage borderless_buttons() {
-  return {
-      .group = "Controls",
+  return {.group = "Controls",
       .title = "Borderless buttons",
-      .summary = "A symbol with a label beside or below it; the whole brightens under the pointer.",
+      .summary =
+          "A symbol with a label beside or below it; the whole brightens "
+          "under the pointer.",
       .content = [] { return View(BorderlessButtons{}); },
       .code = {}};
 }

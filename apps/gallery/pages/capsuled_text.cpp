@@ -8,13 +8,15 @@ namespace {
 
 // [code]
 View capsule(const std::string& text, Color color) {
-  return ZQCapsuledText({.text = text, .font = Font::caption(), .backgroundColor = color});
+  return ZQCapsuledText(
+      {.text = text, .font = Font::caption(), .backgroundColor = color});
 }
 
 View colors() {
   std::vector<View> all;
-  for (const Color& color : {Color::red(), Color::orange(), Color::yellow(), Color::green(),
-                             Color::teal(), Color::blue(), Color::purple(), Color::gray()}) {
+  for (const Color& color :
+      {Color::red(), Color::orange(), Color::yellow(), Color::green(),
+          Color::teal(), Color::blue(), Color::purple(), Color::gray()}) {
     all.push_back(capsule(color.description(), color));
   }
   return samples(std::move(all));
@@ -23,17 +25,24 @@ View colors() {
 struct CapsuledTexts {
   View body(Context&) const {
     return cards({
-        card("Colours",
-             VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                    {colors(), note("The text is black or white, whichever reads better.")})),
-        card("Fonts", samples({ZQCapsuledText({.text = "caption", .font = Font::caption()}),
-                               ZQCapsuledText({.text = "body"}),
-                               ZQCapsuledText({.text = "title 2", .font = Font::title2()})})),
-        card("Padding", samples({sample("2", ZQCapsuledText({.text = "4K", .padding = 2})),
-                                 sample("4", ZQCapsuledText({.text = "4K", .padding = 4})),
-                                 sample("12", ZQCapsuledText({.text = "4K", .padding = 12}))})),
+        card("Colours", VStack({.alignment = HorizontalAlignment::leading,
+                                   .spacing = 12},
+                            {colors(), note("The text is black or white, "
+                                            "whichever reads better.")})),
+        card("Fonts", samples({ZQCapsuledText({.text = "caption",
+                                   .font = Font::caption()}),
+                          ZQCapsuledText({.text = "body"}),
+                          ZQCapsuledText({.text = "title 2",
+                              .font = Font::title2()})})),
+        card("Padding",
+            samples({sample(
+                         "2", ZQCapsuledText({.text = "4K", .padding = 2})),
+                sample("4", ZQCapsuledText({.text = "4K", .padding = 4})),
+                sample(
+                    "12", ZQCapsuledText({.text = "4K", .padding = 12}))})),
         card("Light and dark", lightAndDark(colors())),
-        card("Right to left", bothDirections(capsule("مرحبا", Color::teal()))),
+        card("Right to left",
+            bothDirections(capsule("مرحبا", Color::teal()))),
     });
   }
 };
@@ -45,10 +54,10 @@ namespace pages {
 
 GalleryPage capsuled_text() {
   return {.group = "Controls",
-          .title = "ZQCapsuledText",
-          .summary = "A short text on a capsule: a badge, a tag, a state.",
-          .content = [] { return View(CapsuledTexts{}); },
-          .code = {}};
+      .title = "ZQCapsuledText",
+      .summary = "A short text on a capsule: a badge, a tag, a state.",
+      .content = [] { return View(CapsuledTexts{}); },
+      .code = {}};
 }
 
 }  // namespace pages

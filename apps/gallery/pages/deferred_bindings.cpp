@@ -12,7 +12,8 @@ namespace {
 struct DeferredField {
   Binding<std::string> owner;
   View body(Context& context) const {
-    auto deferred = context.stateOf([&] { return ZQDeferredTextBinding::create(owner); });
+    auto deferred = context.stateOf(
+        [&] { return ZQDeferredTextBinding::create(owner); });
     return TextField("Type quickly", context.observe(*deferred).value());
   }
 };
@@ -20,27 +21,33 @@ struct DeferredField {
 struct DeferredCounter {
   Binding<std::int64_t> owner;
   View body(Context& context) const {
-    auto deferred = context.stateOf([&] { return ZQDeferredIntBinding::create(owner); });
+    auto deferred = context.stateOf(
+        [&] { return ZQDeferredIntBinding::create(owner); });
     const Binding<std::int64_t> count = context.observe(*deferred).value();
-    const auto add = [count](int by) { return [count, by] { count.set(count.get() + by); }; };
-    return HStack({.spacing = 12}, {PushButton("−1", add(-1)), PushButton("+1", add(1)),
-                                    Text("control: " + std::to_string(count.get()))});
+    const auto add = [count](int by) {
+      return [count, by] { count.set(count.get() + by); };
+    };
+    return HStack({.spacing = 12},
+        {PushButton("−1", add(-1)), PushButton("+1", add(1)),
+            Text("control: " + std::to_string(count.get()))});
   }
 };
 
 struct DeferredBar {
   Binding<double> owner;
   View body(Context& context) const {
-    auto deferred = context.stateOf([&] { return ZQDeferredDoubleBinding::create(owner); });
+    auto deferred = context.stateOf(
+        [&] { return ZQDeferredDoubleBinding::create(owner); });
     const Binding<double> level = context.observe(*deferred).value();
     return GeometryReader([level](Size size) {
-             return ProgressView(level.get())
-                 .frame(size.width, size.height)
-                 .gesture({.minimumDistance = 0, .onChanged = [level, size](const DragValue& drag) {
-                             level.set(std::clamp(drag.location.x / size.width, 0.0, 1.0));
-                           }});
-           })
-        .frame({.width = 240, .height = 16});
+      return ProgressView(level.get())
+          .frame(size.width, size.height)
+          .gesture({.minimumDistance = 0,
+              .onChanged = [level, size](const DragValue& drag) {
+                level.set(
+                    std::clamp(drag.location.x / size.width, 0.0, 1.0));
+              }});
+    }).frame({.width = 240, .height = 16});
   }
 };
 
@@ -50,16 +57,18 @@ struct DeferredBindings {
     auto count = context.state(std::int64_t{5});
     auto level = context.state(0.4);
     const auto pair = [](View control, const std::string& value) {
-      return VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                    {row("Control", std::move(control)), row("Owner's value", Text(value))});
+      return VStack(
+          {.alignment = HorizontalAlignment::leading, .spacing = 12},
+          {row("Control", std::move(control)),
+              row("Owner's value", Text(value))});
     };
     return cards({
         card("ZQDeferredTextBinding: after 0.5 seconds",
-             pair(DeferredField{text.binding()}, "“" + *text + "”")),
+            pair(DeferredField{text.binding()}, "“" + *text + "”")),
         card("ZQDeferredIntBinding: after 1 second",
-             pair(DeferredCounter{count.binding()}, std::to_string(*count))),
+            pair(DeferredCounter{count.binding()}, std::to_string(*count))),
         card("ZQDeferredDoubleBinding: after 0.1 seconds; drag the bar",
-             pair(DeferredBar{level.binding()}, std::to_string(*level))),
+            pair(DeferredBar{level.binding()}, std::to_string(*level))),
     });
   }
 };
@@ -71,12 +80,13 @@ namespace pages {
 
 GalleryPage deferred_bindings() {
   return {.group = "Values",
-          .title = "Deferred bindings",
-          .summary =
-              "A control shows every change at once; its owner hears the value at which it came to "
-              "rest.",
-          .content = [] { return View(DeferredBindings{}); },
-          .code = {}};
+      .title = "Deferred bindings",
+      .summary =
+          "A control shows every change at once; its owner hears the value "
+          "at which it came to "
+          "rest.",
+      .content = [] { return View(DeferredBindings{}); },
+      .code = {}};
 }
 
 }  // namespace pages

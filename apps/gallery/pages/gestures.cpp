@@ -10,20 +10,24 @@ struct Draggable : ViewModifiers<Draggable> {
   View body(Context& context) const {
     auto rest = context.state(Size{});
     auto moved = context.state(Size{});
-    const Size shown{rest->width + moved->width, rest->height + moved->height};
+    const Size shown{
+        rest->width + moved->width, rest->height + moved->height};
     return RoundedRectangle(12)
         .fill(Color::teal())
         .frame(88, 56)
         .overlay(Text("Drag me").foregroundColor(Color::white()))
         .cursor(Cursor::grab)
         .gesture({.minimumDistance = 2,
-                  .onChanged = [moved](const DragValue& drag) { moved.set(drag.translation()); },
-                  .onEnded =
-                      [rest, moved, shown](const DragValue&) {
-                        moved.set({});
-                        rest.set(shown);
-                      },
-                  .onCancelled = [moved] { moved.set({}); }})
+            .onChanged =
+                [moved](const DragValue& drag) {
+                  moved.set(drag.translation());
+                },
+            .onEnded =
+                [rest, moved, shown](const DragValue&) {
+                  moved.set({});
+                  rest.set(shown);
+                },
+            .onCancelled = [moved] { moved.set({}); }})
         .offset(shown.width, shown.height);
   }
 };
@@ -37,22 +41,27 @@ struct Gestures {
     const auto ground = [](View view, Color color) {
       return view.padding(16).background(RoundedRectangle(8).fill(color));
     };
-    const DropTarget target{.types = {"public.file-url", "public.utf8-plain-text"},
-                            .onTargeted = [targeted](bool over) { targeted.set(over); },
-                            .onDrop =
-                                [dropped](const DropInfo& info) {
-                                  dropped.set(info.urls.empty() ? info.text : info.urls.front());
-                                  return true;
-                                }};
+    const DropTarget target{
+        .types = {"public.file-url", "public.utf8-plain-text"},
+        .onTargeted = [targeted](bool over) { targeted.set(over); },
+        .onDrop =
+            [dropped](const DropInfo& info) {
+              dropped.set(
+                  info.urls.empty() ? info.text : info.urls.front());
+              return true;
+            }};
     return cards({
         card("Drag", Draggable().frame({.width = 352, .height = 160})),
-        card("Tap", ground(Text(std::to_string(*taps) + " taps"), Color::blue().opacity(0.2))
+        card("Tap", ground(Text(std::to_string(*taps) + " taps"),
+                        Color::blue().opacity(0.2))
                         .onTap([taps] { taps.set(*taps + 1); })),
-        card("Hover", ground(Text(*inside ? "The pointer is here" : "Come here"),
-                             Color::green().opacity(*inside ? 0.5 : 0.2))
-                          .onHover([inside](bool now) { inside.set(now); })),
-        card("Drop",
-             ground(Text(*dropped), Color::orange().opacity(*targeted ? 0.5 : 0.2)).onDrop(target)),
+        card("Hover",
+            ground(Text(*inside ? "The pointer is here" : "Come here"),
+                Color::green().opacity(*inside ? 0.5 : 0.2))
+                .onHover([inside](bool now) { inside.set(now); })),
+        card("Drop", ground(Text(*dropped),
+                         Color::orange().opacity(*targeted ? 0.5 : 0.2))
+                         .onDrop(target)),
     });
   }
 };
@@ -64,10 +73,10 @@ namespace pages {
 
 GalleryPage gestures() {
   return {.group = "Toolkit",
-          .title = "Gestures",
-          .summary = "Tap, hover, drag and drop.",
-          .content = [] { return View(Gestures{}); },
-          .code = {}};
+      .title = "Gestures",
+      .summary = "Tap, hover, drag and drop.",
+      .content = [] { return View(Gestures{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -11,21 +11,22 @@ namespace {
 struct HelpAndBars {
   View body(Context& context) const {
     auto answer = context.state(std::string("none"));
-    const View setting =
-        HStack({.spacing = 8},
-               {Text("Snap to frames"),
-                ZQTooltipQuestionMark({.color = Color::blue(),
-                                       .text = "Positions move to the nearest whole frame."})});
-    const View bar =
-        ZQCancelContinueLowerBar({.onCancel = [answer] { answer.set("cancelled"); },
-                                  .onContinue = [answer] { answer.set("continued"); }});
+    const View setting = HStack({.spacing = 8},
+        {Text("Snap to frames"),
+            ZQTooltipQuestionMark({.color = Color::blue(),
+                .text = "Positions move to the nearest whole frame."})});
+    const View bar = ZQCancelContinueLowerBar(
+        {.onCancel = [answer] { answer.set("cancelled"); },
+            .onContinue = [answer] { answer.set("continued"); }});
     const View cancelOnly = ZQCancelContinueLowerBar({.onCancel = [] {}});
     return cards({
-        card("ZQTooltipQuestionMark", VStack({.alignment = HorizontalAlignment::leading},
-                                             {setting, note("Rest on the mark, or press it.")})),
+        card("ZQTooltipQuestionMark",
+            VStack({.alignment = HorizontalAlignment::leading},
+                {setting, note("Rest on the mark, or press it.")})),
         card("ZQCancelContinueLowerBar",
-             VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                    {bar, note("Answer: " + *answer)})),
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {bar, note("Answer: " + *answer)})),
         card("Cancel alone", cancelOnly),
         card("Light and dark", lightAndDark(setting)),
         card("Right to left", bothDirections(setting)),
@@ -40,10 +41,12 @@ namespace pages {
 
 GalleryPage help_and_bars() {
   return {.group = "Controls",
-          .title = "Help and bars",
-          .summary = "A question mark that explains, and the bar at the foot of a panel.",
-          .content = [] { return View(HelpAndBars{}); },
-          .code = {}};
+      .title = "Help and bars",
+      .summary =
+          "A question mark that explains, and the bar at the foot of a "
+          "panel.",
+      .content = [] { return View(HelpAndBars{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -18,19 +18,26 @@ struct Popovers {
             shown.set(false);
           },
           HStack({.spacing = 8},
-                 {Image::symbol("checkmark").opacity(*choice == name ? 1 : 0), Text(name)})));
+              {Image::symbol("checkmark").opacity(*choice == name ? 1 : 0),
+                  Text(name)})));
     }
     const View menu =
-        VStack({.alignment = HorizontalAlignment::leading, .spacing = 8}, std::move(rows))
+        VStack({.alignment = HorizontalAlignment::leading, .spacing = 8},
+            std::move(rows))
             .padding(12);
-    const View opener =
-        PushButton("Size: " + *choice, [shown] { shown.set(true); }).popover(shown.binding(), menu);
+    const View opener = PushButton("Size: " + *choice, [shown] {
+      shown.set(true);
+    }).popover(shown.binding(), menu);
     return cards({
         card("A bubble beside its view",
-             VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                    {opener, note("Escape, or a click elsewhere, closes it.")})),
-        card("A help text", Text("Rest the pointer here").help("Shown after a moment")),
-        card("Light and dark", lightAndDark(note("The bubble follows the window's colours."))),
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {opener,
+                    note("Escape, or a click elsewhere, closes it.")})),
+        card("A help text",
+            Text("Rest the pointer here").help("Shown after a moment")),
+        card("Light and dark",
+            lightAndDark(note("The bubble follows the window's colours."))),
     });
   }
 };
@@ -42,10 +49,12 @@ namespace pages {
 
 GalleryPage popover() {
   return {.group = "Toolkit",
-          .title = "Popover and help",
-          .summary = "Content in a bubble, and texts that appear when the pointer rests.",
-          .content = [] { return View(Popovers{}); },
-          .code = {}};
+      .title = "Popover and help",
+      .summary =
+          "Content in a bubble, and texts that appear when the pointer "
+          "rests.",
+      .content = [] { return View(Popovers{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -10,10 +10,11 @@ struct Row {
   int number = 0;
   bool operator==(const Row&) const = default;
   View body(Context&) const {
-    return HStack({.spacing = 12}, {Text(std::to_string(number)).frame({.width = 56}),
-                                    RoundedRectangle(4)
-                                        .fill(Color::indigo().opacity(0.2 + 0.05 * (number % 12)))
-                                        .frame({.height = 18})})
+    return HStack({.spacing = 12},
+        {Text(std::to_string(number)).frame({.width = 56}),
+            RoundedRectangle(4)
+                .fill(Color::indigo().opacity(0.2 + 0.05 * (number % 12)))
+                .frame({.height = 18})})
         .padding(EdgeInsets::symmetric(8, 3));
   }
 };
@@ -22,25 +23,29 @@ View tall(int count) {
   std::vector<Row> rows;
   for (int i = 1; i <= count; ++i) rows.push_back({i});
   return ScrollView(
-             VStack({.spacing = 0}, {ForEach(rows, &Row::number, [](const Row& r) { return r; })}))
+      VStack({.spacing = 0},
+          {ForEach(rows, &Row::number, [](const Row& r) { return r; })}))
       .frame({.height = 200});
 }
 
 View wide() {
   std::vector<View> tiles;
   for (int i = 0; i < 24; ++i) {
-    tiles.push_back(Text(std::to_string(i + 1))
-                        .foregroundColor(Color::white())
-                        .frame(72, 56)
-                        .background(RoundedRectangle(8).fill(Color::teal())));
+    tiles.push_back(
+        Text(std::to_string(i + 1))
+            .foregroundColor(Color::white())
+            .frame(72, 56)
+            .background(RoundedRectangle(8).fill(Color::teal())));
   }
-  return ScrollView(HStack(std::move(tiles)), ScrollAxes::horizontal).frame({.height = 68});
+  return ScrollView(HStack(std::move(tiles)), ScrollAxes::horizontal)
+      .frame({.height = 68});
 }
 
 struct ScrollViews {
   View body(Context&) const {
     return cards({
-        card("A thousand rows, of which only those in sight are made", tall(1000)),
+        card("A thousand rows, of which only those in sight are made",
+            tall(1000)),
         card("Sideways", wide()),
         card("Right to left", bothDirections(wide())),
     });
@@ -54,10 +59,12 @@ namespace pages {
 
 GalleryPage scroll_view() {
   return {.group = "Toolkit",
-          .title = "ScrollView",
-          .summary = "A window onto content that may be larger: wheel, arrow and page keys.",
-          .content = [] { return View(ScrollViews{}); },
-          .code = {}};
+      .title = "ScrollView",
+      .summary =
+          "A window onto content that may be larger: wheel, arrow and page "
+          "keys.",
+      .content = [] { return View(ScrollViews{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -9,38 +9,47 @@ namespace {
 
 // [code]
 View named(const std::string& name) {
-  return VStack({.spacing = 8}, {Image::symbol(name).font(Font::title()),
-                                 Text(name)
-                                     .font(Font::caption())
-                                     .foregroundColor(Color::secondary())
-                                     .multilineTextAlignment(TextAlignment::center)
-                                     .lineLimit(2)})
+  return VStack(
+      {.spacing = 8}, {Image::symbol(name).font(Font::title()),
+                          Text(name)
+                              .font(Font::caption())
+                              .foregroundColor(Color::secondary())
+                              .multilineTextAlignment(TextAlignment::center)
+                              .lineLimit(2)})
       .frame({.width = 96, .height = 72, .alignment = Alignment::top()});
 }
 
 View sheet() {
-  return LayoutView(NewFlowLayout({.alignment = Alignment::topLeading(), .spacing = 8}),
-                    {ForEach(symbolNames(), [](const std::string& name) { return named(name); })});
+  return LayoutView(
+      NewFlowLayout({.alignment = Alignment::topLeading(), .spacing = 8}),
+      {ForEach(symbolNames(),
+          [](const std::string& name) { return named(name); })});
 }
 
 struct Symbols {
   View body(Context&) const {
-    const auto star = [](Font font) { return Image::symbol("star.fill").font(font); };
-    const View sizes = samples(
-        {sample("caption", star(Font::caption())), sample("body", star(Font::body())),
-         sample("title2", star(Font::title2())), sample("largeTitle", star(Font::largeTitle())),
-         sample("48 points", star(Font::system(48)))});
+    const auto star = [](Font font) {
+      return Image::symbol("star.fill").font(font);
+    };
+    const View sizes = samples({sample("caption", star(Font::caption())),
+        sample("body", star(Font::body())),
+        sample("title2", star(Font::title2())),
+        sample("largeTitle", star(Font::largeTitle())),
+        sample("48 points", star(Font::system(48)))});
     std::vector<View> forms;
-    for (const char* name : {"bell", "bell.slash", "bell.fill", "bell.circle", "bell.circle.fill",
-                             "bell.square", "bell.square.fill"}) {
+    for (const char* name :
+        {"bell", "bell.slash", "bell.fill", "bell.circle",
+            "bell.circle.fill", "bell.square", "bell.square.fill"}) {
       forms.push_back(named(name));
     }
     return cards({
-        card("Sizes follow the font", sizes.foregroundColor(Color::orange())),
+        card("Sizes follow the font",
+            sizes.foregroundColor(Color::orange())),
         card("Forms of one name", samples(std::move(forms))),
         card("Light and dark",
-             lightAndDark(HStack({star(Font::title()).foregroundColor(Color::yellow()),
-                                  Image::symbol("gear").font(Font::title())}))),
+            lightAndDark(HStack(
+                {star(Font::title()).foregroundColor(Color::yellow()),
+                    Image::symbol("gear").font(Font::title())}))),
         card("All names", sheet()),
     });
   }
@@ -53,10 +62,10 @@ namespace pages {
 
 GalleryPage symbols() {
   return {.group = "Toolkit",
-          .title = "Symbols",
-          .summary = "Our own drawings, by name, in the size of a font.",
-          .content = [] { return View(Symbols{}); },
-          .code = {}};
+      .title = "Symbols",
+      .summary = "Our own drawings, by name, in the size of a font.",
+      .content = [] { return View(Symbols{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -8,15 +8,17 @@ namespace zq::gallery {
 namespace {
 
 // [code]
-const std::vector<std::string> kTags = {
-    "landscape", "portrait", "macro",  "night", "architecture", "black and white", "long exposure",
-    "street",    "wildlife", "travel", "food",  "sport",        "aerial",          "underwater"};
+const std::vector<std::string> kTags = {"landscape", "portrait", "macro",
+    "night", "architecture", "black and white", "long exposure", "street",
+    "wildlife", "travel", "food", "sport", "aerial", "underwater"};
 
 struct WordTags {
   std::shared_ptr<const Words> words;
   View body(Context&) const {
-    // Shares the list: nothing is copied or compared when the page is drawn again.
-    const std::shared_ptr<const std::vector<std::string>> list(words, &words->list);
+    // Shares the list: nothing is copied or compared when the page is drawn
+    // again.
+    const std::shared_ptr<const std::vector<std::string>> list(
+        words, &words->list);
     return ZQTagsView(list, Color::indigo());
   }
   bool operator==(const WordTags&) const = default;
@@ -37,15 +39,20 @@ struct Tags {
       tags.set(std::move(shorter));
     };
     std::vector<View> all = {
-        card("Tags", VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                            {HStack({PushButton("One more", more), PushButton("One fewer", fewer)}),
+        card("Tags", VStack({.alignment = HorizontalAlignment::leading,
+                                .spacing = 12},
+                         {HStack({PushButton("One more", more),
+                              PushButton("One fewer", fewer)}),
                              ZQTagsView(*tags, Color::teal())})),
-        card("Light and dark", lightAndDark(ZQTagsView(kTags, Color::blue()))),
-        card("Right to left", bothDirections(ZQTagsView(kTags, Color::orange()))),
+        card("Light and dark",
+            lightAndDark(ZQTagsView(kTags, Color::blue()))),
+        card("Right to left",
+            bothDirections(ZQTagsView(kTags, Color::orange()))),
     };
     if (words) {
       const std::string count = std::to_string(words->list.size());
-      const std::string heading = words->cut ? "The first " + count + " words" : count + " words";
+      const std::string heading =
+          words->cut ? "The first " + count + " words" : count + " words";
       all.insert(all.begin(), card(heading, WordTags{words}));
     }
     return cards(std::move(all));
@@ -59,10 +66,12 @@ namespace pages {
 
 GalleryPage tags_view() {
   return {.group = "Layout",
-          .title = "ZQTagsView",
-          .summary = "A wrapped list of labels. Ten thousand of them scroll as well as ten.",
-          .content = [] { return View(Tags{}); },
-          .code = {}};
+      .title = "ZQTagsView",
+      .summary =
+          "A wrapped list of labels. Ten thousand of them scroll as well "
+          "as ten.",
+      .content = [] { return View(Tags{}); },
+      .code = {}};
 }
 
 }  // namespace pages

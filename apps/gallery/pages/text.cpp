@@ -12,33 +12,41 @@ struct Texts {
       return row(name, Text("The quick brown fox").font(font).lineLimit(1));
     };
     const std::string sentence =
-        "A text takes the room of its lines, wraps where less is offered, and ends with an "
+        "A text takes the room of its lines, wraps where less is offered, "
+        "and ends with an "
         "ellipsis where even that does not fit.";
-    const View styles =
-        VStack({.alignment = HorizontalAlignment::leading, .spacing = 8},
-               {style("largeTitle", Font::largeTitle()), style("title", Font::title()),
-                style("title2", Font::title2()), style("title3", Font::title3()),
-                style("headline", Font::headline()), style("body", Font::body()),
-                style("callout", Font::callout()), style("caption", Font::caption()),
-                style("bold", Font::body().bold()), style("italic", Font::body().italic()),
-                style("monospaced", Font::body().monospaced())});
-    const View aligned = HStack({.alignment = VerticalAlignment::top, .spacing = 16},
-                                {Text(sentence).multilineTextAlignment(TextAlignment::leading),
-                                 Text(sentence).multilineTextAlignment(TextAlignment::center),
-                                 Text(sentence).multilineTextAlignment(TextAlignment::trailing)});
+    const View styles = VStack(
+        {.alignment = HorizontalAlignment::leading, .spacing = 8},
+        {style("largeTitle", Font::largeTitle()),
+            style("title", Font::title()), style("title2", Font::title2()),
+            style("title3", Font::title3()),
+            style("headline", Font::headline()),
+            style("body", Font::body()), style("callout", Font::callout()),
+            style("caption", Font::caption()),
+            style("bold", Font::body().bold()),
+            style("italic", Font::body().italic()),
+            style("monospaced", Font::body().monospaced())});
+    const View aligned = HStack(
+        {.alignment = VerticalAlignment::top, .spacing = 16},
+        {Text(sentence).multilineTextAlignment(TextAlignment::leading),
+            Text(sentence).multilineTextAlignment(TextAlignment::center),
+            Text(sentence).multilineTextAlignment(
+                TextAlignment::trailing)});
     return cards({
         card("Styles", styles),
         card("Alignment", aligned),
-        card("At most two lines", Text(sentence + " " + sentence).lineLimit(2)),
+        card("At most two lines",
+            Text(sentence + " " + sentence).lineLimit(2)),
         card("Shortened in the middle",
-             Text("holiday-in-the-mountains-2024-final.jpg")
-                 .lineLimit(1)
-                 .truncationInTheMiddle()
-                 .frame({.width = 180, .alignment = Alignment::leading()})),
+            Text("holiday-in-the-mountains-2024-final.jpg")
+                .lineLimit(1)
+                .truncationInTheMiddle()
+                .frame({.width = 180, .alignment = Alignment::leading()})),
         card("Colours",
-             samples({Text("primary"), Text("secondary").foregroundColor(Color::secondary()),
-                      Text("accent").foregroundColor(Color::accent()),
-                      Text("red").foregroundColor(Color::red())})),
+            samples({Text("primary"),
+                Text("secondary").foregroundColor(Color::secondary()),
+                Text("accent").foregroundColor(Color::accent()),
+                Text("red").foregroundColor(Color::red())})),
         card("Light and dark", lightAndDark(Text(sentence))),
         card("Right to left", bothDirections(Text("Привет, مرحبا, hello"))),
     });
@@ -52,10 +60,10 @@ namespace pages {
 
 GalleryPage text() {
   return {.group = "Toolkit",
-          .title = "Text",
-          .summary = "Styles, alignment, wrapping and shortening.",
-          .content = [] { return View(Texts{}); },
-          .code = {}};
+      .title = "Text",
+      .summary = "Styles, alignment, wrapping and shortening.",
+      .content = [] { return View(Texts{}); },
+      .code = {}};
 }
 
 }  // namespace pages

@@ -15,7 +15,8 @@ View tokenList(const Tokens& tokens) {
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     rows.push_back(row(std::to_string(i + 1), Text("“" + tokens[i] + "”")));
   }
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 4}, std::move(rows));
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 4},
+      std::move(rows));
 }
 
 struct TokenFields {
@@ -24,13 +25,20 @@ struct TokenFields {
     auto paths = context.state(Tokens{"home"});
     return cards({
         card("Edit the line: the list follows half a second later",
-             VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                    {ZQTokensView(tokens.binding()), ZQTagsView(*tokens, Color::teal()),
-                     tokenList(*tokens)})),
-        card("Split at slashes", VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                                        {ZQTokensView(paths.binding(), {"/"}), tokenList(*paths)})),
-        card("Disabled", ZQTokensView(Binding<Tokens>::constant({"fixed", "list"})).disabled()),
-        card("Light and dark", lightAndDark(ZQTokensView(tokens.binding()))),
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {ZQTokensView(tokens.binding()),
+                    ZQTagsView(*tokens, Color::teal()),
+                    tokenList(*tokens)})),
+        card("Split at slashes",
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {ZQTokensView(paths.binding(), {"/"}), tokenList(*paths)})),
+        card("Disabled",
+            ZQTokensView(Binding<Tokens>::constant({"fixed", "list"}))
+                .disabled()),
+        card(
+            "Light and dark", lightAndDark(ZQTokensView(tokens.binding()))),
     });
   }
 };
@@ -41,10 +49,11 @@ struct TokenFields {
 namespace pages {
 
 GalleryPage tokens_view() {
-  return {
-      .group = "Layout",
+  return {.group = "Layout",
       .title = "ZQTokensView",
-      .summary = "A list of texts edited as one line, split at a separator; empty pieces are kept.",
+      .summary =
+          "A list of texts edited as one line, split at a separator; empty "
+          "pieces are kept.",
       .content = [] { return View(TokenFields{}); },
       .code = {}};
 }

@@ -91,7 +91,7 @@ void ScrollNode::layoutChildren() {
                     content_.height}),
       offer);
   // Right to left, a content that is wider begins at its right end.
-  const bool fromRight = !moved_ && rightToLeft();
+  const bool fromRight = !moved_ && rightToLeft() && along(Axis::horizontal);
   const Point kept = clamped({fromRight ? kFarAway : moved_ ? offset_.x : 0, offset_.y});
   if (!(kept == offset_)) {
     offset_ = kept;

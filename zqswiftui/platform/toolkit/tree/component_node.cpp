@@ -74,6 +74,7 @@ void ComponentNode::update(const View& next) {
 void ComponentNode::evaluate() {
   ++tree().counts().bodies;
   nextState_ = nextObserved_ = 0;
+  if (memory_ && memory_->mark) memory_->mark->evaluated();
   View body;
   {
     Context context(*this);
@@ -87,12 +88,10 @@ void ComponentNode::evaluate() {
 }
 
 void ComponentNode::endBody() {
+  const bool first = !std::exchange(complete_, true);
   if (!memory_) return;
-  if (nextState_ != memory_->states.size()) {
-    ZQ_REQUIRE(!memory_->complete,
-               debugName() + ": a body asked for fewer states than the one before");
-  }
-  memory_->complete = true;
+  ZQ_REQUIRE(first || nextState_ == memory_->states.size(),
+             debugName() + ": a body asked for fewer states than the one before");
   memory_->observed.resize(nextObserved_);
 }
 
@@ -109,7 +108,7 @@ std::string ComponentNode::debugName() const {
 std::shared_ptr<detail::StateCellBase> Context::nextState(const std::type_info& type) {
   auto& memory = node_.memory();
   if (node_.nextState_ >= memory.states.size()) {
-    ZQ_REQUIRE(!memory.complete,
+    ZQ_REQUIRE(!node_.complete_,
                node_.debugName() + ": a body asked for more states than the one before");
     return nullptr;
   }

@@ -45,7 +45,6 @@ class ComponentNode final : public WrapperNode {
     std::vector<Observed> observed;
     std::shared_ptr<detail::ViewMark> mark;
     bool readsEnvironment = false;
-    bool complete = false;  // the first body has run: the number of states is known
     bool empty() const { return states.empty() && observed.empty(); }
   };
   Memory& memory();
@@ -57,6 +56,7 @@ class ComponentNode final : public WrapperNode {
   std::unique_ptr<Memory> memory_;
   std::size_t nextState_ = 0;
   std::size_t nextObserved_ = 0;
+  bool complete_ = false;  // the first body has run: the number of states is known
 };
 
 // What stands in an array of items for a child that shows nothing.

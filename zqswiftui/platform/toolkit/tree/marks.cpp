@@ -37,7 +37,13 @@ void MarkInbox::close() {
 
 void MarkInbox::beginFrame() {
   const std::scoped_lock lock(mutex_);
-  woken_ = false;
+  woken_ = true;
+}
+
+void MarkInbox::endFrame(bool more) {
+  const std::scoped_lock lock(mutex_);
+  woken_ = host_ && (more || !marks_.empty());
+  if (woken_) host_->frameRequested();
 }
 
 bool MarkInbox::pending() const {
@@ -51,6 +57,7 @@ MarkInbox::Batch MarkInbox::take() {
   for (auto& mark : marks_) {
     // Cleared before the body reads anything: a change that comes now marks again.
     mark->queued_.store(false);
+    mark->due_ = true;
     if (!mark->animation_) {
       batch.plain.push_back(std::move(mark));
       continue;

@@ -28,11 +28,15 @@ class ViewMark : public std::enable_shared_from_this<ViewMark> {
   // Interface thread.
   ComponentNode* node() const { return node_; }
   void detach() { node_ = nullptr; }
+  // Taken from the inbox and not evaluated since: a parent's body may have done it already.
+  bool due() const { return due_; }
+  void evaluated() { due_ = false; }
 
  private:
   friend class zq::MarkInbox;
   std::shared_ptr<MarkInbox> inbox_;
   ComponentNode* node_;
+  bool due_ = false;
   std::atomic<bool> queued_{false};
   std::optional<Animation> animation_;  // under the inbox's lock while queued
 };
@@ -46,7 +50,10 @@ class MarkInbox {
 
   void wake();   // any thread
   void close();  // the host goes: nobody is woken any more
+  // What is asked for between the two is part of this frame; the host is asked for the next one
+  // only where something is left.
   void beginFrame();
+  void endFrame(bool more);
   bool pending() const;
   void add(const std::shared_ptr<detail::ViewMark>& mark, const std::optional<Animation>& how);
   // Moves out what waits, marks with an animation apart from those without.

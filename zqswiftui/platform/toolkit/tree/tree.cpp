@@ -85,6 +85,7 @@ bool Tree::needsFrame() const {
 
 void Tree::frame() {
   inbox_->beginFrame();
+  inFrame_ = true;
   ++counts_.frames;
   now_ = Platform::current().clock().now();
   tickAnimations();
@@ -95,7 +96,8 @@ void Tree::frame() {
     runLater();
   }
   tellVisibility();
-  if (!later_.empty()) inbox_->wake();
+  inFrame_ = false;
+  inbox_->endFrame(!later_.empty() || !layoutRoots_.empty() || !placed_.empty());
 }
 
 void Tree::tickAnimations() {
@@ -148,7 +150,7 @@ void Tree::evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks) {
     return a->node()->depth() < b->node()->depth();
   });
   for (const auto& mark : marks) {
-    if (ComponentNode* node = mark->node()) node->evaluate();
+    if (ComponentNode* node = mark->node(); node && mark->due()) node->evaluate();
   }
   if (!marks.empty()) contentChanged();
 }
@@ -157,7 +159,7 @@ void Tree::addLayoutRoot(Node& node) {
   if (std::find(layoutRoots_.begin(), layoutRoots_.end(), &node) == layoutRoots_.end()) {
     layoutRoots_.push_back(&node);
     node.listed_ = true;
-    inbox_->wake();
+    requestFrame();
   }
 }
 
@@ -212,6 +214,7 @@ void Tree::damage(const Node& node, Rect rect) {
     if (rect.empty()) return;
   }
   damage_.add(intersection(rect, root_->localBounds()));
+  requestFrame();
 }
 
 void Tree::damageAfterLayout(Node& node, bool whole) {

@@ -38,7 +38,10 @@ class Tree {
   void frame();
   bool needsFrame() const;
   bool animating() const { return visible_ && !animated_.empty(); }
-  void requestFrame() { inbox_->wake(); }
+  // What is asked for within a frame is done by it.
+  void requestFrame() {
+    if (!inFrame_) inbox_->wake();
+  }
   const std::shared_ptr<MarkInbox>& inbox() const { return inbox_; }
   // The animation of the change that is being applied; none with reduced motion.
   const std::optional<Animation>& animation() const { return animation_; }
@@ -97,6 +100,7 @@ class Tree {
   std::uint64_t lastNodeId_ = 0;
   double now_ = 0;
   bool visible_ = true;
+  bool inFrame_ = false;
   bool visibilityDirty_ = true;
   std::optional<Animation> animation_;
   std::vector<Animated> animated_;

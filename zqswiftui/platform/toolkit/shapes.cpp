@@ -20,6 +20,10 @@ class ShapeNode final : public LeafNode {
     if (!same) invalidatePicture();
   }
   std::string debugName() const override { return "Shape"; }
+  // An outline alone is an ornament: what lies inside of it is pressed through it.
+  bool hitTest(Point point, HitPath& path) override {
+    return (shape().fill_ || !shape().stroke_) && LeafNode::hitTest(point, path);
+  }
 
  protected:
   Size computeSize(const ProposedSize& proposal) override {

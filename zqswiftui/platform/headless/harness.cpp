@@ -300,23 +300,41 @@ Point Harness::place(const Element& element) const {
   return element.center();
 }
 
-void Harness::moveTo(Point point) {
+void Harness::movePointer(Point point) {
   pointer_ = point;
-  finish(host_->pointerMove(point));
+  host_->pointerMove(point);
+  runFrames();
+}
+
+void Harness::pressPointer(Point point) {
+  movePointer(point);
+  host_->pointerDown(point, PointerButton::primary);
+  runFrames();
+}
+
+void Harness::releasePointer() {
+  host_->pointerUp(pointer_, PointerButton::primary);
+  runFrames();
+}
+
+void Harness::moveTo(Point point) {
+  painted_.clear();
+  movePointer(point);
 }
 
 void Harness::press(Point point) {
-  moveTo(point);
-  finish(host_->pointerDown(point, PointerButton::primary));
+  painted_.clear();
+  pressPointer(point);
 }
 
 void Harness::release() {
-  finish(host_->pointerUp(pointer_, PointerButton::primary));
+  painted_.clear();
+  releasePointer();
 }
 
 void Harness::click(Point point) {
   press(point);
-  release();
+  releasePointer();
 }
 
 void Harness::leave() {
@@ -328,9 +346,9 @@ void Harness::drag(Point from, Point to, int steps) {
   press(from);
   for (int i = 1; i <= std::max(1, steps); ++i) {
     const double part = static_cast<double>(i) / std::max(1, steps);
-    moveTo({from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
+    movePointer({from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part});
   }
-  release();
+  releasePointer();
 }
 
 bool Harness::wheel(Point point, double deltaX, double deltaY) {

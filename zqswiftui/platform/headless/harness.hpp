@@ -16,6 +16,7 @@ namespace zq {
 // Something that was found on the screen, as it was at that moment: ask again after a change.
 // True where something was found. Bounds in points of the window.
 struct Element {
+  Element() = default;  // so that {x, y} can only be a point
   bool found = false;
   std::uint64_t id = 0;  // of the accessibility tree; 0 for what was found by its drawing
   Rect bounds;
@@ -130,6 +131,9 @@ class Harness : private HostDelegate {
   void frame();
   void runFrames();
   bool finish(bool taken);
+  void movePointer(Point point);
+  void pressPointer(Point point);
+  void releasePointer();
   Point place(const Element& element) const;
   Element describe(const AccessibilityNode& node, const std::vector<DrawnCommand>& drawn) const;
 

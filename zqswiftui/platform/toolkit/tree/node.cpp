@@ -65,6 +65,8 @@ void Node::setEnvironment(const EnvironmentPtr& environment) {
   const EnvironmentPtr oldForChildren = childEnvironment();
   environment_ = environment;
   if (old->layoutDirection != environment->layoutDirection) layoutDirty_ = true;
+  // Hover and gestures end on what is disabled.
+  if (old->enabled != environment->enabled) tree_.visibilityMayHaveChanged();
   environmentChanged(*old);
   const EnvironmentPtr forChildren = childEnvironment();
   if (forChildren == oldForChildren) return;

@@ -30,11 +30,10 @@ bool PointerController::down(Point position, PointerButton button) {
   position_ = position;
   if (tree_.popovers().dismissedBy(position)) return true;
   if (button != PointerButton::primary) return false;
+  if (press_ || drag_) cancelGestures();  // its release was lost
   const HitPath path = hit(position);
   grabPath_.clear();
   for (const Hit& h : path) grabPath_.push_back(h.node);
-  press_ = drag_ = nullptr;
-  dragging_ = false;
   bool focusedSome = false;
   for (const Hit& h : path) {
     Responder* r = enabledResponder(*h.node);
@@ -118,13 +117,16 @@ void PointerController::left() {
   refresh();
 }
 
+void PointerController::cancelDrag() {
+  Node* node = std::exchange(drag_, nullptr);
+  if (!node || !std::exchange(dragging_, false)) return;
+  const DragGesture gesture = *node->responder()->dragGesture();
+  if (gesture.onCancelled) gesture.onCancelled();
+}
+
 void PointerController::cancelGestures() {
   endPress(false);
-  if (Node* node = std::exchange(drag_, nullptr); node && dragging_) {
-    dragging_ = false;
-    const DragGesture gesture = *node->responder()->dragGesture();
-    if (gesture.onCancelled) gesture.onCancelled();
-  }
+  cancelDrag();
   grabPath_.clear();
   refresh();
 }
@@ -143,6 +145,8 @@ void PointerController::setVisible(bool visible) {
 }
 
 void PointerController::refresh() {
+  if (press_ && !press_->environment().enabled) endPress(false);
+  if (drag_ && !drag_->environment().enabled) cancelDrag();
   HitPath path;
   if (position_ && active_ && visible_ && !dragging_ && !targeted_) path = hit(*position_);
   std::vector<Node*> nodes;

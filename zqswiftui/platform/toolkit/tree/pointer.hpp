@@ -39,6 +39,7 @@ class PointerController {
   Node* dropNode(const DropInfo& info, Point& local) const;
   DragValue dragValue(Point position) const;
   void endPress(bool fire);
+  void cancelDrag();
 
   Tree& tree_;
   std::optional<Point> position_;

@@ -45,7 +45,7 @@ Tree::~Tree() {
 }
 
 void Tree::setRoot(const View& view) {
-  root_->setContent(view);
+  nextRoot_ = view;
   requestFrame();
 }
 
@@ -88,6 +88,7 @@ void Tree::frame() {
   inFrame_ = true;
   ++counts_.frames;
   now_ = Platform::current().clock().now();
+  applyRoot();
   tickAnimations();
   layout();
   for (int round = 0; round < kMostRounds; ++round) {
@@ -97,7 +98,7 @@ void Tree::frame() {
   }
   tellVisibility();
   inFrame_ = false;
-  inbox_->endFrame(!later_.empty() || !layoutRoots_.empty() || !placed_.empty());
+  inbox_->endFrame(nextRoot_ || !later_.empty() || !layoutRoots_.empty() || !placed_.empty());
 }
 
 void Tree::tickAnimations() {
@@ -127,6 +128,10 @@ void Tree::animate(Node& node) {
     visibilityDirty_ = true;
     return !over;
   });
+}
+
+void Tree::applyRoot() {
+  if (const auto next = std::exchange(nextRoot_, std::nullopt)) root_->setContent(*next);
 }
 
 bool Tree::applyMarks() {
@@ -234,6 +239,7 @@ void Tree::paint(Canvas& canvas, const Region& region) {
 }
 
 Size Tree::sizeThatFits(const ProposedSize& proposal) {
+  applyRoot();
   applyMarks();
   return root_->content() ? root_->content()->measure(proposal) : Size{};
 }

@@ -24,6 +24,7 @@ class Tree {
   Tree(View root, HostDelegate& delegate);
   ~Tree();
 
+  // From the next frame on: a callback of the views that stand now may ask for it.
   void setRoot(const View& view);
   void setSize(Size size);
   void setAppearance(const AppearanceValues& values);
@@ -88,6 +89,7 @@ class Tree {
     std::function<void(const Rect&)> listener;
   };
   void tickAnimations();
+  void applyRoot();
   bool applyMarks();
   void evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks);
   void layout();
@@ -102,6 +104,7 @@ class Tree {
   bool visible_ = true;
   bool inFrame_ = false;
   bool visibilityDirty_ = true;
+  std::optional<View> nextRoot_;
   std::optional<Animation> animation_;
   std::vector<Animated> animated_;
   std::vector<Animated> ticking_;  // what this frame's ticks run through

@@ -17,9 +17,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const zq::FlowResult result = zq::flowRows(numbers[0], sizes, numbers[1]);
   std::int64_t next = 0;
   for (const zq::FlowRow& row : result.rows) {
-    if (row.lower != next || row.upper <= row.lower) std::abort();
-    if (row.xOffsets.size() != static_cast<std::size_t>(row.upper - row.lower)) std::abort();
-    next = row.upper;
+    if (row.range.lowerBound != next || row.range.upperBound <= row.range.lowerBound) std::abort();
+    if (row.xOffsets.size() !=
+        static_cast<std::size_t>(row.range.upperBound - row.range.lowerBound))
+      std::abort();
+    next = row.range.upperBound;
   }
   if (next != static_cast<std::int64_t>(sizes.size())) std::abort();
   return 0;

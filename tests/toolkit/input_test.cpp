@@ -302,12 +302,15 @@ TEST(Accessibility, isDerivedFromTextsAndButtonsAndOverridden) {
                         .accessibility({.role = Role::toggle, .label = "Loud", .checked = true})
                         .help("More noise")
                         .disabled(),
-                    Text("hidden").accessibility({.hidden = true}), ProgressView(0.5)}));
+                    Text("hidden").accessibility({.hidden = true}), ProgressView(0.5),
+                    HStack({Text("Row"), Button(nullptr, Text("Remove"))}).onTap([] {})}));
   EXPECT_EQ(h.accessibility(), R"(text "Plain"
 button "Go on"
 button "star"
 toggle "Loud" (More noise) on disabled
 progress = "50 %"
+button "Row Remove"
+  button "Remove"
 )");
 }
 

@@ -71,6 +71,17 @@ void PressNode::paint(PaintPass& pass, Point origin) {
                    playState(pass, origin));
 }
 
+// What can be used on its own inside of something that is pressed as a whole; the rest is its name.
+void collectUsable(std::vector<AccessibilityNode>& from, std::vector<AccessibilityNode>& to) {
+  for (AccessibilityNode& node : from) {
+    if (node.focusable || node.pressable) {
+      to.push_back(std::move(node));
+    } else {
+      collectUsable(node.children, to);
+    }
+  }
+}
+
 void PressNode::describe(std::vector<AccessibilityNode>& out) {
   AccessibilityNode node;
   node.id = id();
@@ -81,6 +92,9 @@ void PressNode::describe(std::vector<AccessibilityNode>& out) {
   node.enabled = environment().enabled;
   node.focusable = node.pressable = environment().enabled;
   node.focused = tree().focus().focused() == this;
+  std::vector<AccessibilityNode> inside;
+  WrapperNode::describe(inside);
+  collectUsable(inside, node.children);
   out.push_back(std::move(node));
 }
 

@@ -116,12 +116,11 @@ struct Switches {
 
 View header(const State<std::size_t>& selected, const Switches& switches) {
   const GalleryPage& page = galleryPages()[*selected];
-  return HStack(
-             {.spacing = 8},
-             {title(page).layoutPriority(1), Spacer(8), step(selected, -1, "chevron.up", Key::up),
-              step(selected, 1, "chevron.down", Key::down), Toggle("Dark", "moon", switches.dark),
-              Toggle("Mirrored", "arrow.left", switches.mirrored),
-              Toggle("Code", "doc.text", switches.code)})
+  return HStack({.spacing = 8}, {title(page), Spacer(8), step(selected, -1, "chevron.up", Key::up),
+                                 step(selected, 1, "chevron.down", Key::down),
+                                 Toggle("Dark", "moon", switches.dark).fixedSize(),
+                                 Toggle("Mirrored", "arrow.left", switches.mirrored).fixedSize(),
+                                 Toggle("Code", "doc.text", switches.code).fixedSize()})
       .padding(EdgeInsets::symmetric(16, 12));
 }
 

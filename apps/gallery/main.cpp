@@ -64,11 +64,12 @@ int run(int argc, char** argv, const Options& options) {
     if (!read.ok()) return fail(read.error().sentence, 1);
     words = std::make_shared<const Words>(std::move(read).value());
   }
-  if (!hasDisplay()) {
-    if (!options.snapshot) {
-      return fail("There is no display to open a window on; --snapshot DIR needs none.", 1);
-    }
+  // Pictures need no display, and look the same with any.
+  if (options.snapshot && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  if (!hasDisplay()) {
+    return fail("There is no display to open a window on; --snapshot DIR needs none.", 1);
   }
   QApplication app(argc, argv);
   QApplication::setApplicationName("zq-gallery");

@@ -101,7 +101,12 @@ class FlexFrameNode final : public FieldNode<FlexFrame, FlexFrameNode> {
             taken(s.height, p.height, field().minHeight, field().maxHeight)};
   }
   void layoutChildren() override {
-    const ProposedSize inner = ProposedSize::exactly(frame().size());
+    // Where nothing is bounded the child hears what its parent said: told the size that it asked
+    // for itself, a stack would share it out anew.
+    const bool boundsWidth = field().minWidth || field().maxWidth;
+    const bool boundsHeight = field().minHeight || field().maxHeight;
+    const ProposedSize inner{boundsWidth ? frame().width : proposal().width,
+                             boundsHeight ? frame().height : proposal().height};
     alignChild(child() ? child()->measure(inner) : Size{}, field().alignment, inner);
   }
 };

@@ -30,6 +30,7 @@ View tall(int count) {
 
 View wide() {
   std::vector<View> tiles;
+  tiles.reserve(24);
   for (int i = 0; i < 24; ++i) {
     tiles.push_back(
         Text(std::to_string(i + 1))

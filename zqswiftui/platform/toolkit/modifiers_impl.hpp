@@ -3,6 +3,8 @@
 
 // The thin half of modifiers.hpp, which needs View whole. Included by view.hpp.
 
+#include <zqswiftui/platform/toolkit/view.hpp>
+
 namespace zq {
 namespace detail {
 

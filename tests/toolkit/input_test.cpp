@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <string>
 #include <vector>
 #include <zqswiftui/platform/headless/harness.hpp>
@@ -185,8 +186,8 @@ TEST(Drop, takesOnlyItsTypesAndSaysWhenItIsMeant) {
 
 TEST(Scroll, byWheelKeysAndFocusAndKeepsItsPlace) {
   const auto rows = [](int n) {
-    std::vector<int> numbers;
-    for (int i = 0; i < n; ++i) numbers.push_back(i);
+    std::vector<int> numbers(static_cast<std::size_t>(n));
+    std::iota(numbers.begin(), numbers.end(), 0);
     return ScrollView(VStack({.spacing = 0}, {ForEach(numbers, [](int i) {
                                return Button(nullptr, Text(std::to_string(i)));
                              })}));

@@ -22,7 +22,7 @@ class NoWindow final : public HostDelegate {
 struct Picture {
   std::string name;
   View view;
-  Size size;
+  std::optional<Size> size;  // none: what the view wants when it is painted
 };
 
 Size sheetSize(const View& view) {
@@ -41,7 +41,7 @@ std::vector<Picture> pictures(std::optional<std::size_t> only,
   for (std::size_t i = 0; i < pages.size(); ++i) {
     if (only && *only != i) continue;
     const View sheet = PageSheet{i, words};
-    all.push_back({pageSlug(pages[i].title), sheet, sheetSize(sheet)});
+    all.push_back({pageSlug(pages[i].title), sheet, std::nullopt});
   }
   return all;
 }
@@ -59,11 +59,12 @@ Result<void> paintPages(const std::string& folder, std::optional<std::size_t> on
   const std::size_t total = all.size() * 2;
   std::size_t done = 0;
   for (const Picture& picture : all) {
+    const Size size = picture.size ? *picture.size : sheetSize(picture.view);
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
       const bool light = scheme == ColorScheme::light;
       const std::string name = picture.name + (light ? "-light.png" : "-dark.png");
       const std::string path = (std::filesystem::path(folder) / name).string();
-      const QImage image = qt::renderView(picture.view, picture.size, 1, {.colorScheme = scheme});
+      const QImage image = qt::renderView(picture.view, size, 1, {.colorScheme = scheme});
       if (image.isNull() || !image.save(QString::fromStdString(path))) {
         return Error{"Cannot write " + path + "."};
       }

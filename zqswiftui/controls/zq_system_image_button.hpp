@@ -26,11 +26,7 @@ class ZQSystemImageButton : public SymbolButton<ZQSystemImageButton> {
   };
   explicit ZQSystemImageButton(const Parameters& p)
       : ZQSystemImageButton(p.systemName, {p.color, p.size, p.action}) {}
-  ZQSystemImageButton(std::string systemName, const Options& o)
-      : SymbolButton({.systemName = std::move(systemName),
-                      .color = o.color,
-                      .size = o.size,
-                      .action = o.action}) {}
+  ZQSystemImageButton(std::string systemName, const Options& options);
 };
 
 }  // namespace zq

@@ -17,11 +17,11 @@ constexpr std::size_t kMaxFonts = 256;
 constexpr double kMaxSize = 4096;
 
 struct SpecHash {
-  std::size_t operator()(const FontSpec& spec) const {
-    const std::size_t rest = std::hash<double>{}(spec.size) * 31 +
-                             static_cast<std::size_t>(spec.weight) * 4 + (spec.italic ? 2U : 0U) +
-                             (spec.monospaced ? 1U : 0U);
-    return std::hash<std::string>{}(spec.family) ^ (rest << 1);
+  std::size_t operator()(const FontSpec& wanted) const {
+    const std::size_t rest = std::hash<double>{}(wanted.size) * 31 +
+                             static_cast<std::size_t>(wanted.weight) * 4 +
+                             (wanted.italic ? 2U : 0U) + (wanted.monospaced ? 1U : 0U);
+    return std::hash<std::string>{}(wanted.family) ^ (rest << 1);
   }
 };
 
@@ -36,17 +36,17 @@ FontCache& cache() {
   return fonts;
 }
 
-QString familyOf(const FontSpec& spec) {
-  if (!spec.family.empty()) return QString::fromStdString(spec.family);
-  if (spec.monospaced) return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+QString familyOf(const FontSpec& wanted) {
+  if (!wanted.family.empty()) return QString::fromStdString(wanted.family);
+  if (wanted.monospaced) return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
   // The name behind an alias such as "Sans Serif", which may resolve to another one elsewhere.
   return QFontInfo(QApplication::font()).family();
 }
 
-QFont makeFont(const FontSpec& spec) {
-  QFont font(familyOf(spec));
+QFont makeFont(const FontSpec& wanted) {
+  QFont font(familyOf(wanted));
   const double size =
-      std::isfinite(spec.size) && spec.size > 0 ? std::clamp(spec.size, 1.0, kMaxSize) : 13.0;
+      std::isfinite(wanted.size) && wanted.size > 0 ? std::clamp(wanted.size, 1.0, kMaxSize) : 13.0;
   if (size == std::floor(size)) {
     font.setPixelSize(static_cast<int>(size));
   } else {
@@ -55,17 +55,17 @@ QFont makeFont(const FontSpec& spec) {
     const double dpi = screen != nullptr ? screen->logicalDotsPerInchY() : 96.0;
     font.setPointSizeF(size * 72.0 / dpi);
   }
-  font.setWeight(static_cast<QFont::Weight>(std::clamp(spec.weight, 1, 1000)));
-  font.setItalic(spec.italic);
-  if (spec.monospaced) {
+  font.setWeight(static_cast<QFont::Weight>(std::clamp(wanted.weight, 1, 1000)));
+  font.setItalic(wanted.italic);
+  if (wanted.monospaced) {
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
   }
   return font;
 }
 
-FontEntry makeEntry(const FontSpec& spec) {
-  const QFont font = makeFont(spec);
+FontEntry makeEntry(const FontSpec& wanted) {
+  const QFont font = makeFont(wanted);
   const QFontMetricsF metrics(font);
   return {font, metrics, metrics.ascent(),
           std::ceil(metrics.height() + std::max(0.0, metrics.leading()))};
@@ -73,16 +73,16 @@ FontEntry makeEntry(const FontSpec& spec) {
 
 }  // namespace
 
-const FontEntry& fontEntry(const FontSpec& spec) {
+const FontEntry& fontEntry(const FontSpec& wanted) {
   FontCache& fonts = cache();
-  if (fonts.last != nullptr && fonts.last->first == spec) return fonts.last->second;
-  auto found = fonts.entries.find(spec);
+  if (fonts.last != nullptr && fonts.last->first == wanted) return fonts.last->second;
+  auto found = fonts.entries.find(wanted);
   if (found == fonts.entries.end()) {
     // Fonts must not outlive the application that they come from.
     static const bool registered = (qAddPostRoutine(forgetFonts), true);
     Q_UNUSED(registered);
     if (fonts.entries.size() >= kMaxFonts) fonts.entries.clear();
-    found = fonts.entries.emplace(spec, makeEntry(spec)).first;
+    found = fonts.entries.emplace(wanted, makeEntry(wanted)).first;
   }
   fonts.last = &*found;
   return found->second;

@@ -17,7 +17,7 @@ struct FontEntry {
 
 // The fonts in use, one for each FontSpec. The reference holds until the next call. Interface
 // thread only, from the making of the application to its end.
-const FontEntry& fontEntry(const FontSpec& spec);
+const FontEntry& fontEntry(const FontSpec& wanted);
 
 // Grows when the application's font changes, upon which entries are made anew.
 unsigned fontGeneration();

@@ -14,10 +14,10 @@ constexpr std::array<double, 11> kStyleSizes{26, 22, 17, 15, 13, 13, 12, 11, 10,
 }  // namespace
 
 FontSpec TextMeasurer::styleFont(TextStyle style) const {
-  FontSpec spec;
-  spec.size = kStyleSizes[static_cast<std::size_t>(style)];
-  if (style == TextStyle::headline) spec.weight = 600;
-  return spec;
+  FontSpec wanted;
+  wanted.size = kStyleSizes[static_cast<std::size_t>(style)];
+  if (style == TextStyle::headline) wanted.weight = 600;
+  return wanted;
 }
 
 FontMetrics TextMeasurer::metrics(const FontSpec& font) const {

@@ -70,13 +70,13 @@ Font Font::monospaced() const {
 }
 
 FontSpec Font::resolve(const TextMeasurer& measurer) const {
-  FontSpec spec = measurer.styleFont(style_);
-  if (size_ > 0) spec.size = size_;
-  if (family_ != 0) spec.family = Families::shared().name(family_);
-  if (weight_ != 0) spec.weight = weight_;
-  spec.italic = spec.italic || italic_;
-  spec.monospaced = spec.monospaced || monospaced_;
-  return spec;
+  FontSpec resolved = measurer.styleFont(style_);
+  if (size_ > 0) resolved.size = size_;
+  if (family_ != 0) resolved.family = Families::shared().name(family_);
+  if (weight_ != 0) resolved.weight = weight_;
+  resolved.italic = resolved.italic || italic_;
+  resolved.monospaced = resolved.monospaced || monospaced_;
+  return resolved;
 }
 
 std::string Font::description() const {

@@ -69,7 +69,7 @@ Size ImageNode::idealSize() const {
     if (!i.picture_) return {};
     return {static_cast<double>(i.picture_->width()), static_cast<double>(i.picture_->height())};
   }
-  const double side = std::ceil(tree().texts().spec(font_).size * kSymbolToFont);
+  const double side = std::ceil(tree().texts().resolved(font_).size * kSymbolToFont);
   return {side, side};
 }
 

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>
@@ -186,18 +187,23 @@ class SpacerNode final : public Node {
   double minLength() const { return static_cast<const Value&>(*view().value()).value; }
 };
 
+// The lengths of spacing come from callers: one that is not finite counts as not given.
+std::optional<double> finite(std::optional<double> spacing) {
+  return spacing && std::isfinite(*spacing) ? spacing : std::nullopt;
+}
+
 }  // namespace
 
-// The lengths of spacing come from callers: one that is not a number counts as none.
 HStack::operator View() const {
   return LayoutView(
-      StackLayout(Axis::horizontal, fraction(parameters_.alignment), parameters_.spacing),
+      StackLayout(Axis::horizontal, fraction(parameters_.alignment), finite(parameters_.spacing)),
       children_);
 }
 
 VStack::operator View() const {
   return LayoutView(
-      StackLayout(Axis::vertical, fraction(parameters_.alignment), parameters_.spacing), children_);
+      StackLayout(Axis::vertical, fraction(parameters_.alignment), finite(parameters_.spacing)),
+      children_);
 }
 
 ZStack::operator View() const {

@@ -82,7 +82,7 @@ void TextNode::record(Piece& piece) {
   if (t.text_.empty() || frame().size().width <= 0) return;
   if (!content_) {
     content_ = std::make_shared<const TextContent>(
-        TextContent{t.text_, tree().texts().spec(font_), nullptr});
+        TextContent{t.text_, tree().texts().resolved(font_), nullptr});
   }
   const TextSize whole = measureWidth(std::numeric_limits<double>::infinity(), 0);
   const double lineHeight = tree().texts().lineHeight(font_);

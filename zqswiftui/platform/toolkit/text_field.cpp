@@ -145,7 +145,7 @@ TextFieldState TextFieldNode::state() const {
   s.clip = intersection(s.bounds, toWindow(visible));
   s.text = text_;
   s.placeholder = value().placeholder;
-  s.font = tree().texts().spec(tree().texts().fontNumber(environment().font));
+  s.font = tree().texts().resolved(tree().texts().fontNumber(environment().font));
   s.color = environment().foreground.value_or(Color::primary()).resolve(environment().colorScheme);
   s.alignment = environment().textAlignment;
   s.direction = environment().layoutDirection;

@@ -37,11 +37,10 @@ struct NodePlace {
 class NodeVisitor {
  public:
   template <class F>
-    requires(!std::same_as<std::remove_cvref_t<F>, NodeVisitor>)
-  NodeVisitor(F&& visit)  // NOLINT(google-explicit-constructor): a lambda is a visitor
-      : object_(std::addressof(visit)), call_([](const void* object, Node& node) {
-          (*static_cast<const std::remove_cvref_t<F>*>(object))(node);
-        }) {}
+    requires(!std::same_as<F, NodeVisitor>)
+  NodeVisitor(const F& visit)  // NOLINT(google-explicit-constructor): a lambda is a visitor
+      : object_(std::addressof(visit)),
+        call_([](const void* object, Node& node) { (*static_cast<const F*>(object))(node); }) {}
   void operator()(Node& node) const { call_(object_, node); }
 
  private:

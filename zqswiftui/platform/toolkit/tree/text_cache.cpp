@@ -19,9 +19,9 @@ int TextCache::fontNumber(const Font& font) {
     if (fonts_[i].font == font) return static_cast<int>(i);
   }
   const TextMeasurer& measurer = Platform::current().textMeasurer();
-  const FontSpec spec = font.resolve(measurer);
-  const FontMetrics metrics = measurer.metrics(spec);
-  fonts_.push_back({font, spec, std::ceil(metrics.lineHeight), metrics.ascent});
+  const FontSpec resolved = font.resolve(measurer);
+  const FontMetrics metrics = measurer.metrics(resolved);
+  fonts_.push_back({font, resolved, std::ceil(metrics.lineHeight), metrics.ascent});
   return static_cast<int>(fonts_.size()) - 1;
 }
 
@@ -61,9 +61,9 @@ TextSize TextCache::compute(std::string_view text, int font, double width, int m
   const KnownFont& known = fonts_[static_cast<std::size_t>(font)];
   const TextMeasurer& measurer = Platform::current().textMeasurer();
   if (std::isinf(width) && text.find('\n') == std::string_view::npos) {
-    return {std::ceil(measurer.lineWidth(text, known.spec)), known.lineHeight, 1};
+    return {std::ceil(measurer.lineWidth(text, known.resolved)), known.lineHeight, 1};
   }
-  return measurer.wrapped(text, known.spec, width, maxLines);
+  return measurer.wrapped(text, known.resolved, width, maxLines);
 }
 
 }  // namespace zq

@@ -18,8 +18,8 @@ class TextCache {
  public:
   // The number of a font, the same for equal ones.
   int fontNumber(const Font& font);
-  const FontSpec& spec(int fontNumber) const {
-    return fonts_[static_cast<std::size_t>(fontNumber)].spec;
+  const FontSpec& resolved(int fontNumber) const {
+    return fonts_[static_cast<std::size_t>(fontNumber)].resolved;
   }
   double lineHeight(int fontNumber) const {
     return fonts_[static_cast<std::size_t>(fontNumber)].lineHeight;
@@ -42,7 +42,7 @@ class TextCache {
   };
   struct KnownFont {
     Font font;
-    FontSpec spec;
+    FontSpec resolved;
     double lineHeight;
     double ascent;
   };

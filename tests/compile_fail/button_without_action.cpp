@@ -1,6 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // floor: components
-// says: Required
+// says: Required|no matching constructor
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 
 int main() {

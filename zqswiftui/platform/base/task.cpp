@@ -21,7 +21,9 @@ struct Running {
 };
 
 Running run(Task<void> task) {
-  co_await std::move(task);
+  // Awaited from the frame's own variable: Clang 16 never ends a parameter that is awaited.
+  Task<void> held = std::move(task);
+  co_await std::move(held);
 }
 
 std::shared_ptr<detail::TaskRoot> begin(Task<void> task) {

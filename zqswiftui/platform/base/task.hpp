@@ -235,7 +235,8 @@ void detach(Task<void> task);
 // The task, then the callback with its result on the interface thread.
 template <typename T>
 Task<void> thenOnMain(Task<T> task, std::function<void(T)> done) {
-  T result = co_await std::move(task);
+  Task<T> held = std::move(task);  // Clang 16 never ends a parameter that is awaited
+  T result = co_await std::move(held);
   co_await onMain();
   done(std::move(result));
 }

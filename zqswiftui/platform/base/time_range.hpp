@@ -18,7 +18,7 @@ struct ZQTimeRange {
 template <>
 struct std::hash<zq::ZQTimeRange> {
   std::size_t operator()(const zq::ZQTimeRange& range) const noexcept {
-    const std::hash<double> hash;
-    return hash(range.start) * 31 + hash(range.end);
+    const std::hash<double> ofNumber;
+    return ofNumber(range.start) * 31 + of_number(range.end);
   }
 };

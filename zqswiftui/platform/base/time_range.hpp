@@ -19,6 +19,6 @@ template <>
 struct std::hash<zq::ZQTimeRange> {
   std::size_t operator()(const zq::ZQTimeRange& range) const noexcept {
     const std::hash<double> ofNumber;
-    return ofNumber(range.start) * 31 + of_number(range.end);
+    return ofNumber(range.start) * 31 + ofNumber(range.end);
   }
 };

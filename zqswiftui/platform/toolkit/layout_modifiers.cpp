@@ -197,6 +197,7 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
  protected:
   void changed(const FieldValue<Transform, TransformNode>& was,
                const FieldValue<Transform, TransformNode>& now) override;
+  bool sizeShapesContent() const override { return shown().scale != 1; }
 
  private:
   Transform shown() const { return motion_ ? motion_->at(tree().now()) : field(); }

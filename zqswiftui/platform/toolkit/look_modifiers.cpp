@@ -163,6 +163,7 @@ class ClipNode final : public ModifierNode<ClipValue> {
   void changed(const ClipValue& was, const ClipValue& now) override {
     if (!(was.shape == now.shape)) damageAll();
   }
+  bool sizeShapesContent() const override { return true; }
 };
 
 }  // namespace

@@ -59,6 +59,9 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
   }
   void layoutChildren() override;
   Rect ownBounds() const override { return localBounds(); }
+  void changed(const ScrollValue& was, const ScrollValue& now) override {
+    if (was.axes != now.axes) invalidateMeasure();
+  }
 
  private:
   bool along(Axis axis) const {
@@ -74,7 +77,7 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
             std::clamp(p.y, 0.0, std::max(0.0, content_.height - frame().height))};
   }
   bool scrollTo(Point to);
-  void paintBar(PaintPass& pass, Point origin, Axis axis) const;
+  Rect bar(Axis axis) const;  // empty where all of the content shows
 
   Point offset_;
   bool moved_ = false;  // by the user, from where the content begins
@@ -84,6 +87,7 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
 void ScrollNode::layoutChildren() {
   if (!child()) return;
   const ProposedSize offer = inner(ProposedSize::exactly(frame().size()));
+  const Rect bars[] = {bar(Axis::vertical), bar(Axis::horizontal)};
   content_ = child()->measure(offer);
   content_ = {std::min(content_.width, kFarAway), std::min(content_.height, kFarAway)};
   child()->place(
@@ -96,6 +100,10 @@ void ScrollNode::layoutChildren() {
   if (!(kept == offset_)) {
     offset_ = kept;
     damageAll();
+  }
+  for (const Axis axis : {Axis::vertical, Axis::horizontal}) {
+    const Rect before = bars[axis == Axis::vertical ? 0 : 1], now = bar(axis);
+    if (!(before == now)) tree().damage(*this, unite(before, now));
   }
 }
 
@@ -151,24 +159,26 @@ void ScrollNode::paint(PaintPass& pass, Point origin) {
   pass.canvas.pushClip(localBounds().offsetBy(origin));
   paintChildren(pass, {origin.x - offset_.x, origin.y - offset_.y});
   pass.canvas.pop();
-  if (along(Axis::vertical)) paintBar(pass, origin, Axis::vertical);
-  if (along(Axis::horizontal)) paintBar(pass, origin, Axis::horizontal);
+  for (const Axis axis : {Axis::vertical, Axis::horizontal}) {
+    const Rect all = bar(axis);
+    if (all.empty()) continue;
+    pass.canvas.draw(FillRoundedRect{all, kBarWidth / 2, false, Color::primary().opacity(0.35)},
+                     playState(pass, origin));
+  }
 }
 
-void ScrollNode::paintBar(PaintPass& pass, Point origin, Axis axis) const {
+Rect ScrollNode::bar(Axis axis) const {
   const bool down = axis == Axis::vertical;
   const double window = down ? frame().height : frame().width;
   const double whole = down ? content_.height : content_.width;
-  if (whole <= window + 0.5) return;
+  if (!along(axis) || whole <= window + 0.5) return {};
   const double track = window - 2 * kBarInset;
   const double length = std::min(track, std::max(kShortestBar, track * window / whole));
   const double at =
       kBarInset + (track - length) * ((down ? offset_.y : offset_.x) / (whole - window));
   const double edge = (down ? frame().width : frame().height) - kBarWidth - kBarInset;
   const double side = down && rightToLeft() ? kBarInset : edge;
-  const Rect bar = down ? Rect{side, at, kBarWidth, length} : Rect{at, edge, length, kBarWidth};
-  pass.canvas.draw(FillRoundedRect{bar, kBarWidth / 2, false, Color::primary().opacity(0.35)},
-                   playState(pass, origin));
+  return down ? Rect{side, at, kBarWidth, length} : Rect{at, edge, length, kBarWidth};
 }
 
 void ScrollNode::describe(std::vector<AccessibilityNode>& out) {

@@ -16,8 +16,11 @@ class ShapeNode final : public LeafNode {
 
   void update(const View& next) override {
     const bool same = shape() == static_cast<const Value&>(*next.value()).value;
+    if (!same) damageAll();
     setView(next);
-    if (!same) invalidatePicture();
+    if (same) return;
+    invalidateBounds();
+    invalidatePicture();
   }
   std::string debugName() const override { return "Shape"; }
   // An outline alone is an ornament: what lies inside of it is pressed through it.
@@ -30,6 +33,13 @@ class ShapeNode final : public LeafNode {
     return proposal.replacingUnspecified({kIdeal, kIdeal});
   }
   void record(Piece& piece) override;
+  // An outline of points may lead out of the frame.
+  Rect ownBounds() const override {
+    const ShapeView& s = shape();
+    if (s.kind_ != ShapeView::Kind::path) return localBounds();
+    const double line = s.stroke_ ? s.style_.lineWidth : 0;
+    return unite(localBounds(), s.path_->bounds().insetBy(-sanitized(line) / 2));
+  }
 
  private:
   const ShapeView& shape() const { return static_cast<const Value&>(*view().value()).value; }
@@ -66,11 +76,14 @@ void ShapeNode::record(Piece& piece) {
   if (all.empty()) return;
   if (s.fill_) recordFill(piece, *s.fill_);
   if (s.stroke_ && s.style_.lineWidth > 0) {
-    const auto path = std::make_shared<const Path>(
-        s.kind_ == ShapeView::Kind::path ? *s.path_
-                                         : s.outline(all.insetBy(s.style_.lineWidth / 2)));
+    const bool free = s.kind_ == ShapeView::Kind::path;
+    StrokeStyle style = s.style_;
+    // A line that is wider than the shape would come out on the other side.
+    if (!free) style.lineWidth = std::min(style.lineWidth, std::min(all.width, all.height));
+    const auto path =
+        std::make_shared<const Path>(free ? *s.path_ : s.outline(all.insetBy(style.lineWidth / 2)));
     piece.emplace_back(
-        StrokePath{path, path->bounds().insetBy(-s.style_.lineWidth / 2), s.style_, *s.stroke_});
+        StrokePath{path, path->bounds().insetBy(-style.lineWidth / 2), style, *s.stroke_});
   }
   if (!s.fill_ && !s.stroke_) {
     recordFill(piece, environment().foreground.value_or(Color::primary()));

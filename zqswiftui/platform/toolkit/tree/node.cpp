@@ -120,8 +120,9 @@ void Node::place(const Rect& frame, const ProposedSize& proposal) {
 
 void Node::noteMove(const Rect& next, bool resized) {
   const bool moved = placed_ && next.origin() != frame_.origin();
-  if (placed_ && moved) damageAll();
-  if (placed_ && !moved && resized) tree_.damage(*this, ownBounds());
+  const bool other = moved || (resized && sizeShapesContent());
+  if (placed_ && other) damageAll();
+  if (placed_ && !other && resized) tree_.damage(*this, ownBounds());
   if (moved) {
     const Point shown = motion_ ? motion_->at(tree_.now()) : frame_.origin();
     motion_.reset();
@@ -131,7 +132,7 @@ void Node::noteMove(const Rect& next, bool resized) {
       tree_.animate(*this);
     }
   }
-  const bool whole = moved || !placed_;
+  const bool whole = other || !placed_;
   frame_ = next;
   placed_ = true;
   invalidateBounds();
@@ -145,7 +146,8 @@ void Node::invalidateMeasure() {
     if (node->layoutDirty_ && node->measuredCount_ == 0 && node != this) return;
     node->clearMeasured();
     node->layoutDirty_ = true;
-    if (node->sizeIsFixed()) return tree_.addLayoutRoot(*node);
+    // A fixed size stands whatever is inside of it, but not when it is the size that changes.
+    if ((child || !node->parent_) && node->sizeIsFixed()) return tree_.addLayoutRoot(*node);
   }
 }
 

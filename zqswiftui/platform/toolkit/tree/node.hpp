@@ -171,6 +171,8 @@ class Node {
   virtual void childInvalidated(Node& /*child*/) {}
   virtual Rect computeBounds();
   virtual Rect ownBounds() const { return {}; }
+  // In another size all inside of it looks otherwise: it is cut off, or scaled about the middle.
+  virtual bool sizeShapesContent() const { return false; }
   const ProposedSize& proposal() const { return proposal_; }
 
  private:

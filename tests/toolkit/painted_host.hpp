@@ -129,7 +129,8 @@ class PaintedHost : private HostDelegate {
 
   template <class Change>
   void eachCell(const Rect& rect, const Change& change) {
-    const Rect r = intersection(rect, Rect::of({}, size_));
+    // Sums of lengths may miss a whole point by the last digit.
+    const Rect r = intersection(rect.insetBy(1e-6), Rect::of({}, size_));
     const auto right = static_cast<std::size_t>(std::ceil(r.maxX()));
     const auto bottom = static_cast<std::size_t>(std::ceil(r.maxY()));
     for (auto y = static_cast<std::size_t>(r.y); y < bottom; ++y) {

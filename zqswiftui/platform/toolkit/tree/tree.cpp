@@ -87,6 +87,8 @@ void Tree::frame() {
   inbox_->beginFrame();
   inFrame_ = true;
   ++counts_.frames;
+  // What is on its way was painted where it stood at the time of the last frame.
+  for (const Animated& a : animated_) a.node->damageAll();
   now_ = Platform::current().clock().now();
   applyRoot();
   tickAnimations();
@@ -119,7 +121,6 @@ void Tree::animate(Node& node, Tick tick) {
 
 void Tree::animate(Node& node) {
   animate(node, [this, &node](double now) {
-    node.damageAll();
     const bool over = !node.motion() || node.motion()->over(now);
     if (over) node.endMotion();
     node.invalidateBounds();

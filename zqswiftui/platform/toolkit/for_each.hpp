@@ -150,12 +150,11 @@ class ForEach : public ViewModifiers<ForEach> {
   template <class T, class Key, class Content>
     requires std::invocable<Key, const T&>
   ForEach(std::vector<T> items, Key key, Content content) {
-    if constexpr (detail::Captureless<Content> && std::equality_comparable<T>) {
+    if constexpr (detail::Captureless<Content> && std::default_initializable<Content> &&
+                  std::equality_comparable<T>) {
       const auto ignoring = [](const T& item, const detail::NoContext&) { return Content{}(item); };
-      if constexpr (std::default_initializable<Content>) {
-        source_ = itemSource(share(std::move(items)), key, detail::NoContext{}, ignoring);
-        return;
-      }
+      source_ = itemSource(share(std::move(items)), key, detail::NoContext{}, ignoring);
+      return;
     }
     using Child = std::remove_cvref_t<std::invoke_result_t<Content, const T&>>;
     using K = std::remove_cvref_t<std::invoke_result_t<Key, const T&>>;

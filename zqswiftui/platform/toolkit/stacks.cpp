@@ -110,7 +110,7 @@ StackLayout::Result StackLayout::compute(const ProposedSize& proposal,
       const Subview child = subviews[i];
       items[i].least = along(child.sizeThatFits(offer(0.0, breadth)));
       items[i].most = along(child.sizeThatFits(offer(kInfinity, breadth)));
-      items[i].priority = child.spring(axis_) ? -1 : child.priority();
+      items[i].priority = child.priority();
     }
     shareLength(std::max(0.0, *length - gaps), items,
                 [&](std::size_t i, double given) { return measure(i, given); });
@@ -175,6 +175,8 @@ class SpacerNode final : public Node {
     if (!same) invalidateMeasure();
   }
   bool spring(Axis) const override { return true; }
+  // Below all others, also in a frame or with a padding around it.
+  double priority() const override { return -kInfinity; }
   std::string debugName() const override { return "Spacer"; }
 
  protected:

@@ -1,6 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cmath>
-#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+#include <zqswiftui/platform/toolkit/tree/moving.hpp>
 
 namespace zq {
 namespace {
@@ -18,11 +18,18 @@ template <class F, class N>
 class FieldNode : public ModifierNode<FieldValue<F, N>> {
  public:
   using ModifierNode<FieldValue<F, N>>::ModifierNode;
+  bool hasMemory() const override { return field_.underWay(); }
 
  protected:
-  const F& field() const { return this->value().field; }
+  // As it is shown: on its way where its last change was animated.
+  const F& field() const { return field_.shown(this->value().field); }
+  virtual void fieldMoved() { this->invalidateMeasure(); }
   void changed(const FieldValue<F, N>& was, const FieldValue<F, N>& now) override {
-    if (!(was.field == now.field)) this->invalidateMeasure();
+    if (was.field == now.field) return;
+    if constexpr (requires { mix(was.field, now.field, 0.5); }) {
+      field_.change(*this, was.field, now.field, [this] { fieldMoved(); });
+    }
+    fieldMoved();
   }
   // Puts the child of that size at the alignment; leading is on the right where texts run so.
   void alignChild(Size size, Alignment alignment, const ProposedSize& offer) {
@@ -34,6 +41,9 @@ class FieldNode : public ModifierNode<FieldValue<F, N>> {
                           size.width, size.height},
                          offer);
   }
+
+ private:
+  Moving<F> field_;
 };
 
 std::optional<double> finite(std::optional<double> length) {
@@ -157,10 +167,15 @@ class FixedSizeNode final : public FieldNode<Ideal, FixedSizeNode> {
   }
 };
 
-class PriorityNode final : public FieldNode<double, PriorityNode> {
+struct Priority {
+  double value = 0;
+  bool operator==(const Priority&) const = default;
+};
+
+class PriorityNode final : public FieldNode<Priority, PriorityNode> {
  public:
   using FieldNode::FieldNode;
-  double priority() const override { return field(); }
+  double priority() const override { return field().value; }
   std::string debugName() const override { return "Priority"; }
 };
 
@@ -178,16 +193,15 @@ Transform mix(const Transform& a, const Transform& b, double t) {
 class TransformNode final : public FieldNode<Transform, TransformNode> {
  public:
   using FieldNode::FieldNode;
-  bool hasMemory() const override { return motion_ != nullptr; }
   std::string debugName() const override { return "Transform"; }
   Rect mapFromChild(const Node&, Rect r) const override {
-    const Transform t = shown();
+    const Transform& t = field();
     const double cx = frame().width / 2, cy = frame().height / 2;
     return {cx + (r.x - cx) * t.scale + t.offset.x, cy + (r.y - cy) * t.scale + t.offset.y,
             r.width * t.scale, r.height * t.scale};
   }
   Point mapToChild(const Node&, Point p) const override {
-    const Transform t = shown();
+    const Transform& t = field();
     const double cx = frame().width / 2, cy = frame().height / 2;
     const double factor = t.scale > 0 ? 1 / t.scale : 0;
     return {cx + (p.x - t.offset.x - cx) * factor, cy + (p.y - t.offset.y - cy) * factor};
@@ -195,41 +209,18 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
   void paint(PaintPass& pass, Point origin) override;
 
  protected:
-  void changed(const FieldValue<Transform, TransformNode>& was,
-               const FieldValue<Transform, TransformNode>& now) override;
-  bool sizeShapesContent() const override { return shown().scale != 1; }
-
- private:
-  Transform shown() const { return motion_ ? motion_->at(tree().now()) : field(); }
-  std::unique_ptr<Motion<Transform>> motion_;
+  void fieldMoved() override {
+    damageAll();  // where it was: its bounds are still those of the last frame
+    invalidateBounds();
+    tree().damageAfterLayout(*this, true);
+    tree().visibilityMayHaveChanged();
+    tree().requestFrame();
+  }
+  bool sizeShapesContent() const override { return field().scale != 1; }
 };
 
-void TransformNode::changed(const FieldValue<Transform, TransformNode>& was,
-                            const FieldValue<Transform, TransformNode>& now) {
-  if (was.field == now.field) return;
-  damageAll();
-  const Transform from = shown();
-  motion_.reset();
-  if (tree().animation()) {
-    motion_ = std::make_unique<Motion<Transform>>(
-        Motion<Transform>{from, now.field, tree().now(), *tree().animation()});
-    tree().animate(*this, [this](double time) {
-      damageAll();
-      const bool over = !motion_ || motion_->over(time);
-      if (over) motion_.reset();
-      invalidateBounds();
-      damageAll();
-      return !over;
-    });
-  }
-  invalidateBounds();
-  tree().damageAfterLayout(*this, true);
-  tree().visibilityMayHaveChanged();
-  tree().requestFrame();
-}
-
 void TransformNode::paint(PaintPass& pass, Point origin) {
-  const Transform t = shown();
+  const Transform& t = field();
   const Point moved{origin.x + t.offset.x, origin.y + t.offset.y};
   if (t.scale == 1) return paintChildrenUnculled(pass, moved);
   if (!(t.scale > 0)) return;
@@ -267,8 +258,8 @@ View modify::fixedSize(View view) {
 }
 
 View modify::layoutPriority(View view, double priority) {
-  return View::make<FieldValue<double, PriorityNode>>(std::move(view),
-                                                      std::isfinite(priority) ? priority : 0.0);
+  return View::make<FieldValue<Priority, PriorityNode>>(
+      std::move(view), Priority{std::isfinite(priority) ? priority : 0.0});
 }
 
 View modify::offset(View view, double x, double y) {

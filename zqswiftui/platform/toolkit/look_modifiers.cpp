@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
-#include <zqswiftui/platform/toolkit/tree/tree.hpp>
+#include <zqswiftui/platform/toolkit/tree/moving.hpp>
 
 namespace zq {
 namespace {
@@ -18,7 +18,7 @@ class OpacityValue final : public ModifierValue<OpacityValue, OpacityNode> {
 class OpacityNode final : public ModifierNode<OpacityValue> {
  public:
   using ModifierNode::ModifierNode;
-  bool hasMemory() const override { return motion_ != nullptr; }
+  bool hasMemory() const override { return opacity_.underWay(); }
   bool isGroup() const override { return false; }
   std::string debugName() const override { return "Opacity"; }
   void paint(PaintPass& pass, Point origin) override;
@@ -27,25 +27,13 @@ class OpacityNode final : public ModifierNode<OpacityValue> {
   void changed(const OpacityValue& was, const OpacityValue& now) override;
 
  private:
-  double shown() const { return motion_ ? motion_->at(tree().now()) : value().opacity; }
   bool drawsOnce();
-  std::unique_ptr<Motion<double>> motion_;
+  Moving<double> opacity_;
 };
 
 void OpacityNode::changed(const OpacityValue& was, const OpacityValue& now) {
   if (was.opacity == now.opacity) return;
-  const double from = shown();
-  motion_.reset();
-  if (tree().animation()) {
-    motion_ = std::make_unique<Motion<double>>(
-        Motion<double>{from, now.opacity, tree().now(), *tree().animation()});
-    tree().animate(*this, [this](double time) {
-      const bool over = !motion_ || motion_->over(time);
-      if (over) motion_.reset();
-      damageAll();
-      return !over;
-    });
-  }
+  opacity_.change(*this, was.opacity, now.opacity, [this] { damageAll(); });
   damageAll();
 }
 
@@ -66,7 +54,7 @@ bool OpacityNode::drawsOnce() {
 }
 
 void OpacityNode::paint(PaintPass& pass, Point origin) {
-  const double opacity = shown();
+  const double opacity = opacity_.shown(value().opacity);
   if (opacity <= 0) return;
   if (opacity >= 1 || drawsOnce()) {
     PaintPass inner{pass.canvas, pass.region, pass.opacity * std::min(opacity, 1.0)};

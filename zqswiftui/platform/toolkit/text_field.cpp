@@ -45,21 +45,39 @@ void TextFieldNode::update(const View& next) {
   setView(next);
   // The owner's text wins where it is not what this field told it last.
   if (value().text == text_ && value().placeholder == old.placeholder) return;
-  text_ = value().text;
-  caret_ = std::min(caret_, text_.size());
-  while (caret_ > 0 && caret_ < text_.size() && continues(text_[caret_])) --caret_;
+  show(value().text, caretIn(value().text));
+}
+
+// Where the caret stands in a text that came from elsewhere: before what stands behind it now.
+std::size_t TextFieldNode::caretIn(const std::string& text) const {
+  const std::string_view behind = std::string_view(text_).substr(caret_);
+  std::size_t caret = text.ends_with(behind) ? text.size() - behind.size() : caret_;
+  caret = std::min(caret, text.size());
+  while (caret > 0 && caret < text.size() && continues(text[caret])) --caret;
+  return caret;
+}
+
+void TextFieldNode::show(const std::string& text, std::size_t caret) {
+  text_ = text;
+  caret_ = caret;
   invalidatePicture();
   tree().contentChanged();
 }
 
 void TextFieldNode::edited(const std::string& text) {
-  if (text == text_) return;
-  text_ = text;
-  caret_ = std::min(caret_, text_.size());
-  const Binding<std::string> binding = value().binding;
-  invalidatePicture();
-  tree().contentChanged();
+  if (text != text_) edit(text, caretIn(text));
+}
+
+void TextFieldNode::edit(const std::string& text, std::size_t caret) {
+  show(text, caret);
+  // An owner that takes none of the edit, or a part, has no view evaluated: after this frame the
+  // binding is asked for its value.
+  tree().later(*this, [this] {
+    const std::string owned = value().binding.get();
+    if (owned != text_) show(owned, caretIn(owned));
+  });
   tree().requestFrame();
+  const Binding<std::string> binding = value().binding;  // its owner may replace this view
   binding.set(text);
 }
 
@@ -70,27 +88,26 @@ void TextFieldNode::submitted() {
 
 bool TextFieldNode::key(const KeyEvent& event) {
   std::string text = text_;
+  std::size_t caret = caret_;
   switch (event.key) {
     case Key::left:
-      caret_ = before(text, caret_);
+      caret = before(text, caret);
       break;
     case Key::right:
-      caret_ = after(text, caret_);
+      caret = after(text, caret);
       break;
     case Key::home:
-      caret_ = 0;
+      caret = 0;
       break;
     case Key::end:
-      caret_ = text.size();
+      caret = text.size();
       break;
-    case Key::backspace: {
-      const std::size_t from = before(text, caret_);
-      text.erase(from, caret_ - from);
-      caret_ = from;
+    case Key::backspace:
+      caret = before(text, caret);
+      text.erase(caret, caret_ - caret);
       break;
-    }
     case Key::deleteForward:
-      text.erase(caret_, after(text, caret_) - caret_);
+      text.erase(caret, after(text, caret) - caret);
       break;
     case Key::enter:
       if (!value().submit) return false;
@@ -99,15 +116,14 @@ bool TextFieldNode::key(const KeyEvent& event) {
     case Key::space:
     case Key::character:
       if (event.text.empty() || event.modifiers.control || event.modifiers.alt) return false;
-      text.insert(caret_, event.text);
-      caret_ += event.text.size();
+      text.insert(caret, event.text);
+      caret += event.text.size();
       break;
     default:
       return false;
   }
-  const std::size_t caret = caret_;
-  edited(text);
   caret_ = caret;
+  if (text != text_) edit(text, caret);
   return true;
 }
 
@@ -138,7 +154,7 @@ void TextFieldNode::record(Piece& piece) {
 TextFieldState TextFieldNode::state() const {
   TextFieldState s;
   s.id = id();
-  s.bounds = toWindow(localBounds().insetBy(0));
+  s.bounds = toWindow(localBounds());
   s.bounds = {s.bounds.x + kInsetX, s.bounds.y + 1, std::max(0.0, s.bounds.width - 2 * kInsetX),
               std::max(0.0, s.bounds.height - 2)};
   const Rect visible = intersection(visibleRect(), localBounds());
@@ -167,9 +183,7 @@ void TextFieldNode::describe(std::vector<AccessibilityNode>& out) {
 }
 
 TextField TextField::onSubmit(std::function<void()> action) const {
-  TextField field = *this;
-  field.submit_ = std::move(action);
-  return field;
+  return with(*this, &TextField::submit_, std::move(action));
 }
 
 TextField::operator View() const {

@@ -9,10 +9,17 @@
 namespace zq {
 namespace {
 
-void collect(Node& node, std::vector<Node*>& stops) {
+// The places of Tab in the order of the tree, and how many of them lie before one node.
+struct Stops {
+  std::vector<Node*> nodes;
+  std::size_t before = 0;
+};
+
+void collect(Node& node, const Node* place, Stops& stops) {
+  if (&node == place) stops.before = stops.nodes.size();
   const Responder* r = node.responder();
-  if (r && r->focusable() && node.environment().enabled) stops.push_back(&node);
-  node.forEachChild([&](Node& child) { collect(child, stops); });
+  if (r && r->focusable() && node.environment().enabled) stops.nodes.push_back(&node);
+  node.forEachChild([&](Node& child) { collect(child, place, stops); });
 }
 
 // The first node in here that can be pressed.
@@ -40,14 +47,9 @@ Node* shortcutTarget(Node& node, Key key) {
 
 }  // namespace
 
-std::vector<Node*> FocusController::stops() const {
-  std::vector<Node*> all;
-  collect(tree_.root(), all);
-  return all;
-}
-
 void FocusController::set(Node* node, Ring ring) {
   const bool shown = ring == Ring::shown;
+  lost_ = nullptr;
   if (node == focused_ && shown == ring_) return;
   Node* before = std::exchange(focused_, node);
   ring_ = shown;
@@ -64,41 +66,68 @@ void FocusController::set(Node* node, Ring ring) {
 }
 
 bool FocusController::next(bool backwards) {
-  std::vector<Node*> all = stops();
-  if (backwards) std::reverse(all.begin(), all.end());
-  auto it = std::find(all.begin(), all.end(), focused_);
-  if (it == all.end()) {
-    it = all.begin();
-  } else {
-    ++it;
-  }
-  if (it == all.end()) {
+  const Node* place = focused_ ? focused_ : lost_;
+  Stops stops;
+  collect(tree_.root(), place, stops);
+  const std::size_t count = stops.nodes.size();
+  // Of what can be reached no longer, the first place behind it is the next one.
+  std::size_t next = backwards ? stops.before - 1 : stops.before;
+  if (!backwards && next < count && stops.nodes[next] == focused_) ++next;
+  if (!place) next = backwards ? count - 1 : 0;
+  if (next >= count) {  // also below the first
     set(nullptr, Ring::hidden);
     return false;
   }
-  set(*it, Ring::shown);
+  set(stops.nodes[next], Ring::shown);
   return true;
 }
 
-bool FocusController::pressShortcut(Key key) {
-  Node* target = shortcutTarget(tree_.root(), key);
+void FocusController::giveUp(Node& place) {
+  set(nullptr, Ring::hidden);
+  lost_ = &place;
+}
+
+void FocusController::refresh() {
+  if (focused_ && !focused_->environment().enabled) giveUp(*focused_);
+}
+
+void FocusController::goOnFrom(const Node& subtree, Node& other) {
+  const Node* place = focused_ ? focused_ : lost_;
+  if (place && place->isIn(subtree)) giveUp(other);
+}
+
+bool FocusController::pressShortcut(Node& within, Key key) {
+  Node* target = shortcutTarget(within, key);
   if (target) target->responder()->pressed();
   return target != nullptr;
 }
 
-bool FocusController::key(const KeyEvent& event) {
+// The focused view and those around it, then a press of it.
+bool FocusController::pressFocused(const KeyEvent& event) {
   for (Node* node = focused_; node; node = node->parent()) {
     Responder* r = node->responder();
     if (r && node->environment().enabled && r->key(event)) return true;
   }
-  if (focused_ && focused_->environment().enabled &&
-      (event.key == Key::space || event.key == Key::enter) && focused_->responder()->wantsPress()) {
-    focused_->responder()->pressed();
-    return true;
-  }
+  const bool presses = event.key == Key::space || event.key == Key::enter;
+  if (!presses || !focused_ || !focused_->environment().enabled) return false;
+  if (!focused_->responder()->wantsPress()) return false;
+  focused_->responder()->pressed();
+  return true;
+}
+
+bool FocusController::key(const KeyEvent& event) {
+  Node* bubble = tree_.popovers().top();
+  Node& layer = bubble ? *bubble : tree_.root();
+  const auto pressLayer = [&] {
+    if (pressShortcut(layer, event.key)) return true;
+    return event.key == Key::escape && tree_.popovers().dismissTop();
+  };
+  // A bubble comes before what has the focus behind it; what lies behind keeps no shortcuts.
+  const bool first = bubble && !(focused_ && focused_->isIn(*bubble));
+  if (first && pressLayer()) return true;
+  if (pressFocused(event)) return true;
   if (event.key == Key::tab) return next(event.modifiers.shift);
-  if (event.key == Key::escape && tree_.popovers().dismissTop()) return true;
-  return pressShortcut(event.key);
+  return !first && pressLayer();
 }
 
 void FocusController::setWindowFocused(bool focused) {
@@ -109,6 +138,7 @@ void FocusController::setWindowFocused(bool focused) {
 
 void FocusController::forget(const Node& node) {
   if (focused_ == &node) focused_ = nullptr;
+  if (lost_ == &node) lost_ = nullptr;
 }
 
 }  // namespace zq

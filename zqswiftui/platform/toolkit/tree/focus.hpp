@@ -21,14 +21,19 @@ class FocusController {
   bool next(bool backwards);  // false at the end: nothing is focused then
   bool key(const KeyEvent& event);
   void setWindowFocused(bool focused);
+  void refresh();  // what has the focus may be disabled now
+  // The subtree goes: where it has the focus, or had it last, Tab goes on from the other node.
+  void goOnFrom(const Node& subtree, Node& other);
   void forget(const Node& node);
 
  private:
-  std::vector<Node*> stops() const;
-  bool pressShortcut(Key key);
+  void giveUp(Node& place);
+  bool pressFocused(const KeyEvent& event);
+  bool pressShortcut(Node& within, Key key);
 
   Tree& tree_;
   Node* focused_ = nullptr;
+  Node* lost_ = nullptr;  // where the focus was given up: Tab goes on from here
   bool ring_ = false;
   bool windowFocused_ = false;
 };

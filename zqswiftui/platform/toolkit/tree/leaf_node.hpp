@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <vector>
 #include <zqswiftui/platform/toolkit/display_list.hpp>
 #include <zqswiftui/platform/toolkit/tree/node.hpp>
@@ -9,15 +11,13 @@
 namespace zq {
 
 // A node that draws: keeps its piece of the display list and records it anew only when what it
-// draws has changed and is to be seen.
+// draws has changed and is to be seen. Where that is other colours, and the change is animated,
+// they go over into each other.
 class LeafNode : public Node {
  public:
   using Node::Node;
   void paint(PaintPass& pass, Point origin) override;
-  void invalidatePicture() override {
-    recorded_ = false;
-    damageAll();
-  }
+  void invalidatePicture() override;
   bool hitTest(Point point, HitPath& path) override {
     if (!localBounds().contains(point)) return false;
     path.push_back({this, point});
@@ -32,9 +32,33 @@ class LeafNode : public Node {
   void environmentChanged(const Environment&) override { invalidatePicture(); }
 
  private:
+  // The colours of the piece on their way to others.
+  struct Fade {
+    struct Request {
+      double start;
+      Animation animation;
+      bool over(double now) const { return now - start >= animation.duration(); }
+    };
+    // An animated change that the next recording shows; whether it is one of colours shows then.
+    std::optional<Request> asked;
+    std::optional<Request> way;
+    std::vector<Paint> from;
+    std::vector<Paint> to;
+  };
+  void askForFade();
+  void fade(const Piece& before);
+
   Piece piece_;
+  std::unique_ptr<Fade> fade_;
   bool recorded_ = false;
 };
+
+// The same value with one field changed.
+template <class P, class Field, class To>
+P with(P primitive, Field P::*field, To to) {
+  primitive.*field = std::move(to);
+  return primitive;
+}
 
 // The value of a primitive that is a plain value P itself, with node N.
 template <class P, class N>

@@ -57,6 +57,12 @@ void Node::reconcile(std::unique_ptr<Node>& child, const View& next) {
   invalidateMeasure();
 }
 
+bool Node::isIn(const Node& subtree) const {
+  const Node* node = this;
+  while (node && node != &subtree) node = node->parent_;
+  return node != nullptr;
+}
+
 void Node::setEnvironment(const EnvironmentPtr& environment) {
   if (environment_ == environment || *environment_ == *environment) {
     return;
@@ -123,20 +129,25 @@ void Node::noteMove(const Rect& next, bool resized) {
   const bool other = moved || (resized && sizeShapesContent());
   if (placed_ && other) damageAll();
   if (placed_ && !other && resized) tree_.damage(*this, ownBounds());
-  if (moved) {
-    const Point shown = motion_ ? motion_->at(tree_.now()) : frame_.origin();
-    motion_.reset();
-    if (const auto& animation = tree_.animation()) {
-      motion_ = std::make_unique<Motion<Point>>(
-          Motion<Point>{shown, next.origin(), tree_.now(), *animation});
-      tree_.animate(*this);
-    }
-  }
+  if (moved) turnTo(next.origin());
   const bool whole = other || !placed_;
   frame_ = next;
   placed_ = true;
   invalidateBounds();
   tree_.damageAfterLayout(*this, whole);
+}
+
+void Node::turnTo(Point goal) {
+  const auto& animation = tree_.animation();
+  if (!motion_ && !animation) return;
+  const double now = tree_.now();
+  // A length that is on its way moves the goals of its neighbours, and does not end their ways.
+  if (motion_ && tree_.stepping()) return void(motion_->to = goal);
+  const Point shown = motion_ ? motion_->shown(now) : frame_.origin();
+  const bool listed = motion_ != nullptr;
+  if (!listed) motion_ = std::make_unique<Motion<Point>>();
+  *motion_ = animation ? Motion<Point>{shown, goal, now, *animation} : Motion<Point>::at(goal, now);
+  if (!listed) tree_.animate(*this);
 }
 
 void Node::invalidateMeasure() {
@@ -167,7 +178,7 @@ void Node::collectItems(ItemSink&) {}
 
 Point Node::motionOffset() const {
   if (!motion_) return {};
-  const Point shown = motion_->at(tree_.now());
+  const Point shown = motion_->shown(tree_.now());
   return {shown.x - frame_.x, shown.y - frame_.y};
 }
 

@@ -87,6 +87,7 @@ class Node {
   void setView(const View& view) { view_ = view; }
   std::uint64_t id() const { return id_; }
   int depth() const { return depth_; }
+  bool isIn(const Node& subtree) const;
   const Rect& frame() const { return frame_; }
   Rect localBounds() const { return {0, 0, frame_.width, frame_.height}; }
   const Environment& environment() const { return *environment_; }
@@ -189,6 +190,7 @@ class Node {
     if (moreMeasured_) moreMeasured_->clear();
   }
   void noteMove(const Rect& next, bool resized);
+  void turnTo(Point goal);
 
   Tree& tree_;
   Node* parent_;

@@ -257,15 +257,11 @@ bool PointerController::drop(const DropInfo& info) {
 }
 
 void PointerController::willRemove(const Node& subtree) {
-  const auto goes = [&](const Node* node) {
-    while (node && node != &subtree) node = node->parent();
-    return node != nullptr;
-  };
   for (Node* node : hovered_) {
-    if (!goes(node)) continue;
+    if (!node->isIn(subtree)) continue;
     if (auto farewell = node->responder()->hoverFarewell()) tree_.later(std::move(farewell));
   }
-  if (drag_ && dragging_ && goes(drag_)) {
+  if (drag_ && dragging_ && drag_->isIn(subtree)) {
     if (auto cancelled = drag_->responder()->dragGesture()->onCancelled) {
       tree_.later(std::move(cancelled));
     }

@@ -27,8 +27,8 @@ class TextFieldValue final : public ViewValue {
   std::function<void()> submit;
 };
 
-// Draws the field; the text inside is drawn by the host's native editor, or here where there
-// is none. Keys that arrive here edit the text as a simple editor would.
+// Draws the field around its text, which the host's native editor draws. Keys that arrive here
+// edit the text as a simple editor would.
 class TextFieldNode final : public LeafNode, public Responder {
  public:
   using LeafNode::LeafNode;
@@ -53,10 +53,13 @@ class TextFieldNode final : public LeafNode, public Responder {
   void record(Piece& piece) override;
 
  private:
+  void show(const std::string& text, std::size_t caret);
+  void edit(const std::string& text, std::size_t caret);
+  std::size_t caretIn(const std::string& text) const;
   const TextFieldValue& value() const {
     return static_cast<const TextFieldValue&>(*view().value());
   }
-  std::string text_;       // what is shown; runs ahead of the binding's owner while being typed
+  std::string text_;       // what is shown; the binding's value, but for an edit in this frame
   std::size_t caret_ = 0;  // a byte offset between characters
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -46,11 +47,18 @@ class Tree {
   const std::shared_ptr<MarkInbox>& inbox() const { return inbox_; }
   // The animation of the change that is being applied; none with reduced motion.
   const std::optional<Animation>& animation() const { return animation_; }
+  // Whether this layout follows values that are on their way, and no change.
+  bool stepping() const { return stepping_; }
   void animate(Node& node);                      // its way to another place
   using Tick = std::function<bool(double now)>;  // at each frame, until it answers false
   void animate(Node& node, Tick tick);
   // After this frame's layout, when nothing is being evaluated: callbacks to the host's code.
-  void later(std::function<void()> work) { later_.push_back(std::move(work)); }
+  void later(std::function<void()> work) { later_.push_back({nullptr, std::move(work)}); }
+  // The same, unless the node goes before.
+  void later(Node& node, std::function<void()> work) {
+    node.listed_ = true;
+    later_.push_back({&node, std::move(work)});
+  }
   void addLayoutRoot(Node& node);
   // Nodes that must know what of them can be seen, after each layout and scroll.
   void addVisibilityListener(Node& node, std::function<void(const Rect&)> listener);
@@ -80,6 +88,10 @@ class Tree {
     Node* node;
     Tick tick;
   };
+  struct Later {
+    Node* node;  // may be none
+    std::function<void()> work;
+  };
   struct Placed {
     Node* node;
     bool whole;
@@ -103,6 +115,7 @@ class Tree {
   double now_ = 0;
   bool visible_ = true;
   bool inFrame_ = false;
+  bool stepping_ = false;
   bool visibilityDirty_ = true;
   std::optional<View> nextRoot_;
   std::optional<Animation> animation_;
@@ -110,7 +123,7 @@ class Tree {
   std::vector<Animated> ticking_;  // what this frame's ticks run through
   std::vector<Node*> layoutRoots_;
   std::vector<Placed> placed_;
-  std::vector<std::function<void()>> later_;
+  std::deque<Later> later_;
   std::vector<VisibilityListener> visibility_;
   Region damage_;
   WorkCounts counts_;

@@ -116,40 +116,27 @@ void ImageNode::describe(std::vector<AccessibilityNode>& out) {
 Image::Image(ZQImage picture) : picture_(std::move(picture)) {}
 
 Image Image::symbol(std::string name) {
-  Image image;
-  image.symbol_ = std::move(name);
-  return image;
+  return with(Image(), &Image::symbol_, std::move(name));
 }
 
 Image Image::named(const std::string& name) {
-  Image image;
-  image.picture_ = ImageCache::getImage(name);
-  return image;
+  return with(Image(), &Image::picture_, ImageCache::getImage(name));
 }
 
 Image Image::font(Font font) const {
-  Image i = *this;
-  i.font_ = font;
-  return i;
+  return with(*this, &Image::font_, font);
 }
 
 Image Image::foregroundColor(std::optional<Color> color) const {
-  Image i = *this;
-  if (color) i.color_ = color;
-  return i;
+  return color ? with(*this, &Image::color_, color) : *this;
 }
 
 Image Image::resizable(bool aspectFit) const {
-  Image i = *this;
-  i.resizable_ = true;
-  i.aspectFit_ = aspectFit;
-  return i;
+  return with(with(*this, &Image::resizable_, true), &Image::aspectFit_, aspectFit);
 }
 
 Image Image::accessibilityLabel(std::string label) const {
-  Image i = *this;
-  i.label_ = std::move(label);
-  return i;
+  return with(*this, &Image::label_, std::move(label));
 }
 
 Image::operator View() const {

@@ -101,22 +101,15 @@ bool ShapeView::operator==(const ShapeView& o) const {
 }
 
 ShapeView ShapeView::fill(Color color) const {
-  ShapeView s = *this;
-  s.fill_ = color;
-  return s;
+  return with(*this, &ShapeView::fill_, color);
 }
 
 ShapeView ShapeView::fill(LinearGradient gradient) const {
-  ShapeView s = *this;
-  s.fill_ = std::move(gradient);
-  return s;
+  return with(*this, &ShapeView::fill_, std::move(gradient));
 }
 
 ShapeView ShapeView::stroke(Color color, StrokeStyle style) const {
-  ShapeView s = *this;
-  s.stroke_ = color;
-  s.style_ = std::move(style);
-  return s;
+  return with(with(*this, &ShapeView::stroke_, color), &ShapeView::style_, std::move(style));
 }
 
 Path ShapeView::outline(const Rect& rect) const {

@@ -120,33 +120,23 @@ Text::operator View() const {
 }
 
 Text Text::font(Font font) const {
-  Text t = *this;
-  t.font_ = font;
-  return t;
+  return with(*this, &Text::font_, font);
 }
 
 Text Text::foregroundColor(std::optional<Color> color) const {
-  Text t = *this;
-  if (color) t.color_ = color;
-  return t;
+  return color ? with(*this, &Text::color_, color) : *this;
 }
 
 Text Text::multilineTextAlignment(TextAlignment alignment) const {
-  Text t = *this;
-  t.alignment_ = alignment;
-  return t;
+  return with(*this, &Text::alignment_, alignment);
 }
 
 Text Text::lineLimit(int lines) const {
-  Text t = *this;
-  t.lineLimit_ = lines > 0 ? lines : 0;
-  return t;
+  return with(*this, &Text::lineLimit_, std::max(0, lines));
 }
 
 Text Text::truncationInTheMiddle() const {
-  Text t = *this;
-  t.middle_ = true;
-  return t;
+  return with(*this, &Text::middle_, true);
 }
 
 }  // namespace zq

@@ -233,4 +233,59 @@ class Arguments {
   std::map<std::string, std::string> options_;
 };
 
+// Runs the job that the mode names: `items`, or `firstFrame` for the modes first-frame and memory.
+// Made first of all in main: its clock is that of the first frame.
+class Program {
+ public:
+  Program(const char* name, int argc, char** argv) : arguments_(argc, argv) { peerName() = name; }
+
+  int run(void (*items)(const Arguments&), void (*firstFrame)(const Program&)) const {
+    if (arguments_.mode() == "items") {
+      reportCalibration();
+      items(arguments_);
+    } else if (arguments_.mode() == "first-frame" || memory()) {
+      firstFrame(*this);
+    } else {
+      return 2;
+    }
+    return 0;
+  }
+  int n() const { return arguments_.n(); }
+  bool memory() const { return arguments_.mode() == "memory"; }
+  // To be called as soon as the first frame is there; answers whether it was timed.
+  bool reportFirstFrame() const {
+    const double ms = start_.ms(), spawned = sinceSpawnMs();
+    if (memory()) {
+      report("W6-rss", n(), static_cast<double>(peakMemory()), {}, "kB");
+    } else {
+      report("W3", n(), ms);
+      report("W3-spawn", n(), spawned, "from fork");
+    }
+    return !memory();
+  }
+
+ private:
+  Timer start_;
+  Arguments arguments_;
+};
+
+// --- What several programs tell in the same words ---
+
+inline void reportBuilt(int n, const Series& built, const Series& frames, const Series& drops,
+                        double height) {
+  report("W1", n, built, "content height " + std::to_string(static_cast<int>(height)));
+  report("W1-frame", n, frames, "W1 and the frame after it, process warm");
+  report("W1-drop", n, drops, "all views destroyed");
+}
+// `frame` runs one while nothing is dirty.
+template <class Frame>
+void reportIdle(int n, const Frame& frame) {
+  const Series idle = repeated([&](int) {
+    const Timer timer;
+    frame();
+    return timer.ms();
+  });
+  report("W7-idle", n, idle, "a frame in which nothing is dirty");
+}
+
 }  // namespace bench

@@ -262,37 +262,20 @@ void items(const Arguments& arguments) {
   if (!arguments.png().empty()) edits.scene().frame.save(QString::fromStdString(arguments.png()));
 }
 
-void firstFrame(const Arguments& arguments, const Timer& start) {
-  Scene scene(tags(arguments.n()));
-  const bool memory = arguments.mode() == "memory";
-  for (std::size_t i = 0; memory && i < scene.text.size(); ++i) scene.shape(i);
+void firstFrame(const Program& program) {
+  Scene scene(tags(program.n()));
+  for (std::size_t i = 0; program.memory() && i < scene.text.size(); ++i) scene.shape(i);
   scene.layout(kViewW);
   scene.shapeVisible();
   scene.paint();
-  const double ms = start.ms(), spawned = sinceSpawnMs();
-  if (memory) {
-    report("W6-rss", arguments.n(), static_cast<double>(peakMemory()), {}, "kB");
-  } else {
-    report("W3", arguments.n(), ms);
-    report("W3-spawn", arguments.n(), spawned, "from fork");
-  }
+  program.reportFirstFrame();
 }
 
 }  // namespace
 }  // namespace bench
 
 int main(int argc, char** argv) {
-  const bench::Timer start;
-  bench::peerName() = "floor";
-  const bench::Arguments arguments(argc, argv);
+  const bench::Program program("floor", argc, argv);
   QGuiApplication application(argc, argv);
-  if (arguments.mode() == "items") {
-    bench::reportCalibration();
-    bench::items(arguments);
-  } else if (arguments.mode() == "first-frame" || arguments.mode() == "memory") {
-    bench::firstFrame(arguments, start);
-  } else {
-    return 2;
-  }
-  return 0;
+  return program.run(bench::items, bench::firstFrame);
 }

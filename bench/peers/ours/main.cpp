@@ -89,9 +89,7 @@ void Items::build() {
     if (r >= 0) frames.add(frame), drops.add(drop.ms());
     return placed;
   });
-  report("W1", n_, built, "content height " + std::to_string(static_cast<int>(height)));
-  report("W1-frame", n_, frames, "W1 and the frame after it, process warm");
-  report("W1-drop", n_, drops, "all views destroyed");
+  reportBuilt(n_, built, frames, drops, height);
 
   shown_ = std::make_unique<Window>(Tags<Tag>{model_});
   shown_->frame();
@@ -171,12 +169,7 @@ void Items::repaint() {
     return timer.ms();
   });
   report("W7", n_, all, "all of the viewport painted again");
-  const Series idle = repeated([&](int) {
-    const Timer timer;
-    shown_->frame();
-    return timer.ms();
-  });
-  report("W7-idle", n_, idle, "a frame in which nothing is dirty");
+  reportIdle(n_, [&] { shown_->frame(); });
 }
 
 void Items::hover() {
@@ -216,18 +209,11 @@ void items(const Arguments& arguments) {
   if (n == 1000) all.hover();
 }
 
-void firstFrame(const Arguments& arguments, const Timer& start) {
-  const auto model = std::make_shared<Model>(tags(arguments.n()));
+void firstFrame(const Program& program) {
+  const auto model = std::make_shared<Model>(tags(program.n()));
   Window window(Tags<Tag>{model});
   window.frame();
-  const double ms = start.ms(), spawned = sinceSpawnMs();
-  if (arguments.mode() == "memory") {
-    report("W6-rss", arguments.n(), static_cast<double>(peakMemory()), {}, "kB");
-  } else {
-    report("W3", arguments.n(), ms);
-    report("W3-spawn", arguments.n(), spawned, "from fork");
-    window.checkComplete("W3 frame complete");
-  }
+  if (program.reportFirstFrame()) window.checkComplete("W3 frame complete");
   checkRows(window, *model, kViewW, "all tags placed");
 }
 
@@ -235,18 +221,8 @@ void firstFrame(const Arguments& arguments, const Timer& start) {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-  const bench::Timer start;
-  bench::peerName() = "ours";
-  const bench::Arguments arguments(argc, argv);
+  const bench::Program program("ours", argc, argv);
   QApplication application(argc, argv);
   const zq::qt::Platform platform(application);
-  if (arguments.mode() == "items") {
-    bench::reportCalibration();
-    bench::items(arguments);
-  } else if (arguments.mode() == "first-frame" || arguments.mode() == "memory") {
-    bench::firstFrame(arguments, start);
-  } else {
-    return 2;
-  }
-  return 0;
+  return program.run(bench::items, bench::firstFrame);
 }

@@ -141,9 +141,7 @@ void build(Scene& scene, int n) {
     scene.frame();
     return placed;
   });
-  report("W1", n, built, "content height " + std::to_string(static_cast<int>(height)));
-  report("W1-frame", n, frames, "W1 and the frame after it, process warm");
-  report("W1-drop", n, drops, "all views destroyed");
+  reportBuilt(n, built, frames, drops, height);
 }
 
 void width(Scene& scene, int n) {
@@ -204,12 +202,7 @@ void repaint(Scene& scene, int n) {
   scene.window.setColor(Qt::white);
   scene.frame();
   report("W7", n, all, "all painted into the window's pixels");
-  const Series idle = repeated([&](int) {
-    const Timer timer;
-    scene.frame();
-    return timer.ms();
-  });
-  report("W7-idle", n, idle, "a frame in which nothing is dirty");
+  reportIdle(n, [&] { scene.frame(); });
 }
 
 void hover(Scene& scene, Model& model) {
@@ -262,43 +255,26 @@ void items(const Arguments& arguments) {
   if (n == 1000) hover(scene, model);
 }
 
-void firstFrame(const Arguments& arguments, const Timer& start) {
-  Model model(tags(arguments.n()));
+void firstFrame(const Program& program) {
+  Model model(tags(program.n()));
   Scene scene;
   scene.build(model);
   scene.window.show();
   while (!scene.swaps) QCoreApplication::processEvents();
-  const double ms = start.ms(), spawned = sinceSpawnMs();
-  if (arguments.mode() == "memory") {
-    report("W6-rss", arguments.n(), static_cast<double>(peakMemory()), {}, "kB");
-  } else {
-    report("W3", arguments.n(), ms);
-    report("W3-spawn", arguments.n(), spawned, "from fork");
-    scene.checkComplete("W3 frame complete");
-  }
-  scene.checkRows(arguments.n(), kViewW, "all tags placed");
+  if (program.reportFirstFrame()) scene.checkComplete("W3 frame complete");
+  scene.checkRows(program.n(), kViewW, "all tags placed");
 }
 
 }  // namespace
 }  // namespace bench
 
 int main(int argc, char** argv) {
-  const bench::Timer start;
-  bench::peerName() = "qt-quick";
-  const bench::Arguments arguments(argc, argv);
+  const bench::Program program("qt-quick", argc, argv);
   QGuiApplication application(argc, argv);
   QFont font(QString::fromLatin1(bench::kFontFamily));
   font.setPixelSize(bench::kFontPx);
   QGuiApplication::setFont(font);
-  if (arguments.mode() == "items") {
-    bench::reportCalibration();
-    bench::items(arguments);
-  } else if (arguments.mode() == "first-frame" || arguments.mode() == "memory") {
-    bench::firstFrame(arguments, start);
-  } else {
-    return 2;
-  }
-  return 0;
+  return program.run(bench::items, bench::firstFrame);
 }
 
 #include "main.moc"

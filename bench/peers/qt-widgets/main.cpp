@@ -125,9 +125,7 @@ void build(const std::vector<std::string>& strings) {
     if (r >= 0) frames.add(whole), drops.add(drop.ms());
     return placed;
   });
-  report("W1", n, built, "content height " + std::to_string(height));
-  report("W1-frame", n, frames, "W1 and the frame after it, process warm");
-  report("W1-drop", n, drops, "all views destroyed");
+  reportBuilt(n, built, frames, drops, height);
 }
 
 void width(Window& window) {
@@ -237,18 +235,11 @@ void items(const Arguments& arguments) {
   if (arguments.n() == 1000) hover(window);
 }
 
-void firstFrame(const Arguments& arguments, const Timer& start) {
+void firstFrame(const Program& program) {
   Window window;
-  window.build(tags(arguments.n()));
+  window.build(tags(program.n()));
   while (!paints) frame();
-  const double ms = start.ms(), spawned = sinceSpawnMs();
-  if (arguments.mode() == "memory") {
-    report("W6-rss", arguments.n(), static_cast<double>(peakMemory()), {}, "kB");
-  } else {
-    report("W3", arguments.n(), ms);
-    report("W3-spawn", arguments.n(), spawned, "from fork");
-    window.checkComplete("W3 frame complete");
-  }
+  if (program.reportFirstFrame()) window.checkComplete("W3 frame complete");
   window.checkRows(kViewW, "all tags placed");
 }
 
@@ -266,18 +257,8 @@ void dress() {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-  const bench::Timer start;
-  bench::peerName() = "qt-widgets";
-  const bench::Arguments arguments(argc, argv);
+  const bench::Program program("qt-widgets", argc, argv);
   QApplication application(argc, argv);
   bench::dress();
-  if (arguments.mode() == "items") {
-    bench::reportCalibration();
-    bench::items(arguments);
-  } else if (arguments.mode() == "first-frame" || arguments.mode() == "memory") {
-    bench::firstFrame(arguments, start);
-  } else {
-    return 2;
-  }
-  return 0;
+  return program.run(bench::items, bench::firstFrame);
 }

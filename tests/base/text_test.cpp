@@ -33,7 +33,17 @@ TEST(Text, swiftTokenizeMakesIdentifiersThatStayThemselves) {
                      "e",
                      "Gr\xC3\xB6\xC3\x9F"
                      "e"},
-                    {"\xE4\xB8\xAD", "u4e2d"},
+                    {"URL path", "urlPath"},
+                    {"MP3 rate", "mp3Rate"},
+                    {"URLs to keep", "uRLsToKeep"},
+                    {"URL", "URL"},
+                    {"a _b 2c", "a_b2c"},
+                    {"größe über ö", "größeÜberÖ"},
+                    {"ÖL größe", "ölGröße"},
+                    {"設定 値", "設定値"},
+                    {"e\xCC\x81t\xC3\xA9", "eTé"},  // a mark of its own is no letter
+                    {"price €", "price"},
+                    {"class", "class"},
                     {"a\xE2\x80\x94"
                      "b",
                      "aB"}};

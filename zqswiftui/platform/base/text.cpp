@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <zqswiftui/platform/base/identifier_letters.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 
 namespace zq {
@@ -32,30 +31,48 @@ bool isDigit(char32_t c) {
   return c >= U'0' && c <= U'9';
 }
 
-// Letters that stand in an identifier as they are; every compiler in use takes them.
-bool isPlainLetter(char32_t c) {
-  if (c < 0x80) return (c >= U'a' && c <= U'z') || (c >= U'A' && c <= U'Z') || c == U'_';
-  if (c == 0xD7 || c == 0xF7) return false;
-  return (c >= 0xC0 && c <= 0x24F) || (c >= 0x391 && c <= 0x3CE && c != 0x3A2) ||
-         (c >= 0x400 && c <= 0x481) || (c >= 0x48A && c <= 0x52F);
+char32_t upperScalar(char32_t c) {
+  for (const char32_t distance : {32, 1, 80}) {
+    if (c > distance && lowerScalar(c - distance) == c) return c - distance;
+  }
+  return c;
 }
 
-// Blanks and punctuation part words; so do signs whose spelled number would only be noise.
-bool partsWords(char32_t c) {
-  return (c < 0xC0 && !isPlainLetter(c) && !isDigit(c)) || c == 0xD7 || c == 0xF7 ||
-         (c >= 0x2000 && c <= 0x206F) || (c >= 0x3000 && c <= 0x3003) || c == 0xFEFF ||
-         c == replacementCharacter;
+bool standsInIdentifier(char32_t c) {
+  if (c >= 0x80) return isIdentifierLetter(c);
+  return (c >= U'a' && c <= U'z') || (c >= U'A' && c <= U'Z') || isDigit(c) || c == U'_';
 }
 
-char32_t upperAscii(char32_t c) {
-  return c >= U'a' && c <= U'z' ? c - 32 : c;
+// Moves position past the next word and answers where it began; both lie at the end where
+// there is none.
+std::size_t nextWord(std::string_view text, std::size_t& position) {
+  std::size_t begin = text.size();
+  while (position < text.size()) {
+    const std::size_t before = position;
+    if (standsInIdentifier(nextScalar(text, position))) {
+      begin = std::min(begin, before);
+    } else if (begin < text.size()) {
+      position = before;
+      break;
+    }
+  }
+  return begin;
 }
 
-void appendIdentifierScalar(std::string& word, char32_t c) {
-  if (isPlainLetter(c) || isDigit(c)) return appendScalar(word, c);
-  std::array<char, 12> number{};
-  std::snprintf(number.data(), number.size(), "u%04x", static_cast<unsigned>(c));
-  word += number.data();
+bool isAllCapitals(std::string_view word) {
+  bool capital = false;
+  for (std::size_t position = 0; position < word.size();) {
+    const char32_t c = nextScalar(word, position);
+    if (upperScalar(c) != c) return false;
+    capital = capital || lowerScalar(c) != c;
+  }
+  return capital;
+}
+
+void appendWord(std::string& identifier, std::string_view word, char32_t (*firstLetter)(char32_t)) {
+  std::size_t position = 0;
+  appendScalar(identifier, firstLetter(nextScalar(word, position)));
+  identifier += word.substr(position);
 }
 
 }  // namespace
@@ -124,26 +141,20 @@ std::string lowercased(std::string_view text) {
 }
 
 std::string swiftTokenize(std::string_view text) {
-  std::string identifier;
-  bool wordBegins = true;
-  bool severalWords = false;
-  for (std::size_t position = 0; position < text.size();) {
-    char32_t c = nextScalar(text, position);
-    if (partsWords(c)) {
-      wordBegins = true;
-      continue;
-    }
-    if (wordBegins && !identifier.empty()) {
-      severalWords = true;
-      c = upperAscii(c);
-    }
-    wordBegins = false;
-    appendIdentifierScalar(identifier, c);
+  std::size_t position = 0;
+  const std::size_t begin = nextWord(text, position);
+  const std::string_view first = text.substr(begin, position - begin);
+  if (first.empty()) return "_";
+  std::string identifier(isDigit(byteAt(first, 0)) ? "_" : "");
+  std::size_t next = nextWord(text, position);
+  if (next == text.size()) return identifier.append(first);
+  if (isAllCapitals(first)) {
+    identifier += lowercased(first);
+  } else {
+    appendWord(identifier, first, lowerScalar);
   }
-  if (identifier.empty()) return "_";
-  if (isDigit(static_cast<char32_t>(byteAt(identifier, 0)))) return "_" + identifier;
-  if (severalWords && identifier[0] >= 'A' && identifier[0] <= 'Z') {
-    identifier[0] = static_cast<char>(identifier[0] + 32);
+  for (; next < text.size(); next = nextWord(text, position)) {
+    appendWord(identifier, text.substr(next, position - next), upperScalar);
   }
   return identifier;
 }

@@ -24,9 +24,10 @@ std::string validUtf8(std::string_view text);
 // Lower case of Latin, Greek and Cyrillic letters; other characters stay.
 std::string lowercased(std::string_view text);
 
-// A source identifier for any text, always the same one: "Max zoom" gives maxZoom, and what
-// is an identifier already stays. Letters outside Latin, Greek and Cyrillic are spelled by
-// their number, so that texts in any script stay apart; a text of none gives "_".
+// A source identifier for any text, always the same one; an identifier stays as it is. Words
+// are runs of letters, digits and "_"; all else parts them. Of several the first begins in
+// lower case, or is all lowered where it is all capitals, and the others begin with a capital:
+// "Max zoom" gives maxZoom, "URL path" urlPath, "2nd" _2nd, and a text of no word "_".
 std::string swiftTokenize(std::string_view text);
 
 // Whether the text contains the query, whatever the case; an empty query is contained.

@@ -1,0 +1,160 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <cstdio>
+#include <mutex>
+#include <utility>
+#include <zqswiftui/platform/base/files.hpp>
+#include <zqswiftui/platform/base/saves.hpp>
+#include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/zq_notify.hpp>
+#include <zqswiftui/settings/project_index.hpp>
+#include <zqswiftui/settings/project_json.hpp>
+#include <zqswiftui/settings/zquic_project.hpp>
+
+namespace zq {
+
+namespace {
+
+constexpr double quietPeriod = 0.25;
+constexpr std::string_view broadcastPrefix = "vendel.zquic.broadcast.";
+
+Result<void> writeText(const Url& url, const std::string& text) {
+  if (!url.isFile()) return Error{"cannot write " + url.text() + ": it is not a file"};
+  fu_createParentFolderIfNeeded(url);
+  return replaceFile(url.path(), text);
+}
+
+}  // namespace
+
+struct ZQUICProject::Content {
+  std::vector<ZQUICGroup> groups;
+  std::once_flag indexed;
+  std::unique_ptr<const ProjectIndex> index;
+};
+
+ZQUICProject::ZQUICProject() : id(newSettingsId()), content_(std::make_shared<Content>()) {}
+
+ZQUICProject::ZQUICProject(const Url& url) : ZQUICProject() {
+  if (!url.isFile()) return;
+  const auto text = readTextFile(url.path(), longestProject);
+  if (!text.ok()) return;
+  if (auto decoded = decodeProject(text.value()); decoded.ok()) *this = std::move(decoded).value();
+}
+
+void ZQUICProject::adopt(std::vector<ZQUICGroup> groups) {
+  content_ = std::make_shared<Content>();
+  content_->groups = std::move(groups);
+}
+
+const std::vector<ZQUICGroup>& ZQUICProject::groupList() const {
+  return content_->groups;
+}
+
+void ZQUICProject::setGroupList(std::vector<ZQUICGroup> groups) {
+  adopt(std::move(groups));
+  update();
+}
+
+void ZQUICProject::editGroupList(const std::function<void(std::vector<ZQUICGroup>&)>& edit) {
+  std::vector<ZQUICGroup> groups = content_->groups;
+  edit(groups);
+  setGroupList(std::move(groups));
+}
+
+std::vector<ZQUICItem> ZQUICProject::itemList() const {
+  std::vector<ZQUICItem> items;
+  for (const ZQUICGroup& group : groupList()) {
+    std::copy_if(group.itemList.begin(), group.itemList.end(), std::back_inserter(items),
+                 [](const ZQUICItem& item) { return !item.shouldBeDeleted; });
+  }
+  return items;
+}
+
+std::size_t ZQUICProject::groupCount() const {
+  return static_cast<std::size_t>(
+      std::count_if(groupList().begin(), groupList().end(),
+                    [](const ZQUICGroup& group) { return !group.shouldBeDeleted; }));
+}
+
+std::size_t ZQUICProject::itemCount() const {
+  std::size_t count = 0;
+  for (const ZQUICGroup& group : groupList()) {
+    if (!group.shouldBeDeleted) count += group.itemsCount();
+  }
+  return count;
+}
+
+const ZQUICItem* ZQUICProject::itemForKey(std::string_view key, std::string_view inGroup) const {
+  Content& content = *content_;
+  std::call_once(content.indexed, [&content] {
+    content.index = std::make_unique<const ProjectIndex>(content.groups);
+  });
+  return content.index->find(key, inGroup);
+}
+
+std::optional<std::int64_t> ZQUICProject::intForKey(std::string_view key,
+                                                    std::string_view inGroup) const {
+  const ZQUICItem* const item = itemForKey(key, inGroup);
+  return item != nullptr ? std::optional(item->intValue) : std::nullopt;
+}
+
+std::optional<double> ZQUICProject::doubleForKey(std::string_view key,
+                                                 std::string_view inGroup) const {
+  const ZQUICItem* const item = itemForKey(key, inGroup);
+  return item != nullptr ? std::optional(item->doubleValue) : std::nullopt;
+}
+
+std::optional<std::string> ZQUICProject::stringForKey(std::string_view key,
+                                                      std::string_view inGroup) const {
+  const ZQUICItem* const item = itemForKey(key, inGroup);
+  return item != nullptr ? std::optional(item->stringValue) : std::nullopt;
+}
+
+std::optional<bool> ZQUICProject::boolForKey(std::string_view key, std::string_view inGroup) const {
+  const ZQUICItem* const item = itemForKey(key, inGroup);
+  return item != nullptr ? std::optional(item->boolValue) : std::nullopt;
+}
+
+std::optional<ZQUICPointSize> ZQUICProject::pointSizeForKey(std::string_view key,
+                                                            std::string_view inGroup) const {
+  const ZQUICItem* const item = itemForKey(key, inGroup);
+  return item != nullptr ? std::optional(item->pointValue) : std::nullopt;
+}
+
+Result<void> ZQUICProject::saveConfigFile() const {
+  if (!configFileUrl) return {};
+  const auto json = encodeProject(*this, JsonStyle::pretty);
+  if (!json.ok()) return json.error();
+  return writeText(*configFileUrl, json.value());
+}
+
+Result<void> ZQUICProject::saveSwiftConfigFile() const {
+  return configSwiftFileUrl ? writeText(*configSwiftFileUrl, zqcCode()) : Result<void>();
+}
+
+void ZQUICProject::update() const {
+  pressureQueue->perform(quietPeriod, [project = *this] {
+    Saves::post([project] {
+      // Who wants to know of a failure saves by the functions that answer.
+      static_cast<void>(project.saveConfigFile());
+      static_cast<void>(project.saveSwiftConfigFile());
+    });
+  });
+}
+
+void ZQUICProject::broadcast() const {
+  std::printf("ZQUICProject (%s).broadcast\n", appBundleId.c_str());
+  std::fflush(stdout);
+  const auto json = encodeProject(*this, JsonStyle::compact);
+  if (json.ok()) ZQNotify::broadcast(broadcastName(appBundleId), json.value());
+}
+
+std::string ZQUICProject::broadcastName(std::string_view appBundleId) {
+  return std::string(broadcastPrefix) + searchAndReplace(lowercased(appBundleId), ".", "", false);
+}
+
+bool ZQUICProject::operator==(const ZQUICProject& other) const {
+  return content_ == other.content_ || groupList() == other.groupList();
+}
+
+}  // namespace zq

@@ -3,39 +3,7 @@
 #include <apps/gallery/gallery_page.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 
-// A page is a file pages/<stem>.cpp with a function of the same name, and one line here.
-#define ZQ_GALLERY_PAGES(PAGE) \
-  PAGE(button)                 \
-  PAGE(icon_buttons)           \
-  PAGE(borderless_buttons)     \
-  PAGE(square_buttons)         \
-  PAGE(switching_buttons)      \
-  PAGE(help_and_bars)          \
-  PAGE(capsuled_text)          \
-  PAGE(flow_layout)            \
-  PAGE(tags_view)              \
-  PAGE(tokens_view)            \
-  PAGE(deferred_bindings)      \
-  PAGE(text)                   \
-  PAGE(stacks)                 \
-  PAGE(shapes)                 \
-  PAGE(symbols)                \
-  PAGE(text_field)             \
-  PAGE(scroll_view)            \
-  PAGE(progress_view)          \
-  PAGE(animation)              \
-  PAGE(gestures)               \
-  PAGE(popover)                \
-  PAGE(focus)                  \
-  PAGE(surroundings)
-
 namespace zq::gallery {
-
-namespace pages {
-#define ZQ_DECLARE(stem) GalleryPage stem();
-ZQ_GALLERY_PAGES(ZQ_DECLARE)
-#undef ZQ_DECLARE
-}  // namespace pages
 
 namespace {
 

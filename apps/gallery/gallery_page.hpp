@@ -7,6 +7,32 @@
 #include <vector>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
+// A page is a file pages/<stem>.cpp with a function of the same name, and one line here.
+#define ZQ_GALLERY_PAGES(PAGE) \
+  PAGE(button)                 \
+  PAGE(icon_buttons)           \
+  PAGE(borderless_buttons)     \
+  PAGE(square_buttons)         \
+  PAGE(switching_buttons)      \
+  PAGE(help_and_bars)          \
+  PAGE(capsuled_text)          \
+  PAGE(flow_layout)            \
+  PAGE(tags_view)              \
+  PAGE(tokens_view)            \
+  PAGE(deferred_bindings)      \
+  PAGE(text)                   \
+  PAGE(stacks)                 \
+  PAGE(shapes)                 \
+  PAGE(symbols)                \
+  PAGE(text_field)             \
+  PAGE(scroll_view)            \
+  PAGE(progress_view)          \
+  PAGE(animation)              \
+  PAGE(gestures)               \
+  PAGE(popover)                \
+  PAGE(focus)                  \
+  PAGE(surroundings)
+
 namespace zq::gallery {
 
 // One entry of the sidebar: a live example, and the code that it is made of.
@@ -17,6 +43,22 @@ struct GalleryPage {
   std::function<View()> content;
   std::string code;  // filled in from the page's own source
 };
+
+// A page that shows a component of that type.
+template <class Content>
+GalleryPage page(std::string group, std::string title, std::string summary) {
+  return {.group = std::move(group),
+          .title = std::move(title),
+          .summary = std::move(summary),
+          .content = [] { return View(Content{}); },
+          .code = {}};
+}
+
+namespace pages {
+#define ZQ_DECLARE(stem) GalleryPage stem();
+ZQ_GALLERY_PAGES(ZQ_DECLARE)
+#undef ZQ_DECLARE
+}  // namespace pages
 
 // In the order of the sidebar; made once, on the first call.
 const std::vector<GalleryPage>& galleryPages();

@@ -59,17 +59,10 @@ struct Animations {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage animation() {
-  return {.group = "Toolkit",
-      .title = "Animation",
-      .summary =
-          "Values that change inside withAnimation move from what is shown "
-          "now to the new one.",
-      .content = [] { return View(Animations{}); },
-      .code = {}};
+GalleryPage pages::animation() {
+  return page<Animations>("Toolkit", "Animation",
+      "Values that change inside withAnimation move from what is shown "
+      "now to the new one.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

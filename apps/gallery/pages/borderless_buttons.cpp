@@ -50,17 +50,10 @@ struct BorderlessButtons {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage borderless_buttons() {
-  return {.group = "Controls",
-      .title = "Borderless buttons",
-      .summary =
-          "A symbol with a label beside or below it; the whole brightens "
-          "under the pointer.",
-      .content = [] { return View(BorderlessButtons{}); },
-      .code = {}};
+GalleryPage pages::borderless_buttons() {
+  return page<BorderlessButtons>("Controls", "Borderless buttons",
+      "A symbol with a label beside or below it; the whole brightens "
+      "under the pointer.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -81,17 +81,10 @@ struct Buttons {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage button() {
-  return {.group = "Controls",
-      .title = "ZQButton",
-      .summary =
-          "A titled capsule in three sizes. It brightens at once under the "
-          "pointer and fades back.",
-      .content = [] { return View(Buttons{}); },
-      .code = {}};
+GalleryPage pages::button() {
+  return page<Buttons>("Controls", "ZQButton",
+      "A titled capsule in three sizes. It brightens at once under the "
+      "pointer and fades back.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -50,15 +50,9 @@ struct CapsuledTexts {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage capsuled_text() {
-  return {.group = "Controls",
-      .title = "ZQCapsuledText",
-      .summary = "A short text on a capsule: a badge, a tag, a state.",
-      .content = [] { return View(CapsuledTexts{}); },
-      .code = {}};
+GalleryPage pages::capsuled_text() {
+  return page<CapsuledTexts>("Controls", "ZQCapsuledText",
+      "A short text on a capsule: a badge, a tag, a state.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

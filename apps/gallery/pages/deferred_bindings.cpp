@@ -76,18 +76,11 @@ struct DeferredBindings {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage deferred_bindings() {
-  return {.group = "Values",
-      .title = "Deferred bindings",
-      .summary =
-          "A control shows every change at once; its owner hears the value "
-          "at which it came to "
-          "rest.",
-      .content = [] { return View(DeferredBindings{}); },
-      .code = {}};
+GalleryPage pages::deferred_bindings() {
+  return page<DeferredBindings>("Values", "Deferred bindings",
+      "A control shows every change at once; its owner hears the value "
+      "at which it came to "
+      "rest.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -56,17 +56,10 @@ struct FlowLayouts {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage flow_layout() {
-  return {.group = "Layout",
-      .title = "NewFlowLayout",
-      .summary =
-          "Children at their own sizes, side by side; a new row where the "
-          "next one no longer fits.",
-      .content = [] { return View(FlowLayouts{}); },
-      .code = {}};
+GalleryPage pages::flow_layout() {
+  return page<FlowLayouts>("Layout", "NewFlowLayout",
+      "Children at their own sizes, side by side; a new row where the "
+      "next one no longer fits.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

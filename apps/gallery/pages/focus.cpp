@@ -43,17 +43,10 @@ struct Focus {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage focus() {
-  return {.group = "Toolkit",
-      .title = "Focus and keys",
-      .summary =
-          "Whatever can be clicked can be reached by Tab and pressed by "
-          "Space.",
-      .content = [] { return View(Focus{}); },
-      .code = {}};
+GalleryPage pages::focus() {
+  return page<Focus>("Toolkit", "Focus and keys",
+      "Whatever can be clicked can be reached by Tab and pressed by "
+      "Space.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

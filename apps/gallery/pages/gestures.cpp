@@ -69,15 +69,9 @@ struct Gestures {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage gestures() {
-  return {.group = "Toolkit",
-      .title = "Gestures",
-      .summary = "Tap, hover, drag and drop.",
-      .content = [] { return View(Gestures{}); },
-      .code = {}};
+GalleryPage pages::gestures() {
+  return page<Gestures>(
+      "Toolkit", "Gestures", "Tap, hover, drag and drop.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -37,17 +37,10 @@ struct HelpAndBars {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage help_and_bars() {
-  return {.group = "Controls",
-      .title = "Help and bars",
-      .summary =
-          "A question mark that explains, and the bar at the foot of a "
-          "panel.",
-      .content = [] { return View(HelpAndBars{}); },
-      .code = {}};
+GalleryPage pages::help_and_bars() {
+  return page<HelpAndBars>("Controls", "Help and bars",
+      "A question mark that explains, and the bar at the foot of a "
+      "panel.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -90,17 +90,10 @@ struct IconButtons {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage icon_buttons() {
-  return {.group = "Controls",
-      .title = "Icon buttons",
-      .summary =
-          "Symbols without a border, at three quarters of their opacity "
-          "until the pointer comes.",
-      .content = [] { return View(IconButtons{}); },
-      .code = {}};
+GalleryPage pages::icon_buttons() {
+  return page<IconButtons>("Controls", "Icon buttons",
+      "Symbols without a border, at three quarters of their opacity "
+      "until the pointer comes.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

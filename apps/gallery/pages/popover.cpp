@@ -45,17 +45,10 @@ struct Popovers {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage popover() {
-  return {.group = "Toolkit",
-      .title = "Popover and help",
-      .summary =
-          "Content in a bubble, and texts that appear when the pointer "
-          "rests.",
-      .content = [] { return View(Popovers{}); },
-      .code = {}};
+GalleryPage pages::popover() {
+  return page<Popovers>("Toolkit", "Popover and help",
+      "Content in a bubble, and texts that appear when the pointer "
+      "rests.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -42,15 +42,9 @@ struct Progress {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage progress_view() {
-  return {.group = "Toolkit",
-      .title = "ProgressView",
-      .summary = "A bar that fills to a fraction, or a spinner.",
-      .content = [] { return View(Progress{}); },
-      .code = {}};
+GalleryPage pages::progress_view() {
+  return page<Progress>("Toolkit", "ProgressView",
+      "A bar that fills to a fraction, or a spinner.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

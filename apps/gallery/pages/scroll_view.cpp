@@ -56,17 +56,10 @@ struct ScrollViews {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage scroll_view() {
-  return {.group = "Toolkit",
-      .title = "ScrollView",
-      .summary =
-          "A window onto content that may be larger: wheel, arrow and page "
-          "keys.",
-      .content = [] { return View(ScrollViews{}); },
-      .code = {}};
+GalleryPage pages::scroll_view() {
+  return page<ScrollViews>("Toolkit", "ScrollView",
+      "A window onto content that may be larger: wheel, arrow and page "
+      "keys.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -70,17 +70,10 @@ struct Shapes {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage shapes() {
-  return {.group = "Toolkit",
-      .title = "Shapes",
-      .summary =
-          "Outlines that fill the room they are offered: filled, stroked, "
-          "or used to clip.",
-      .content = [] { return View(Shapes{}); },
-      .code = {}};
+GalleryPage pages::shapes() {
+  return page<Shapes>("Toolkit", "Shapes",
+      "Outlines that fill the room they are offered: filled, stroked, "
+      "or used to clip.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

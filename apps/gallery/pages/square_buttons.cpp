@@ -44,17 +44,10 @@ struct SquareButtons {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage square_buttons() {
-  return {.group = "Controls",
-      .title = "Large square buttons",
-      .summary =
-          "Tiles with a large symbol above a title; one kind is pressed, "
-          "the other selected.",
-      .content = [] { return View(SquareButtons{}); },
-      .code = {}};
+GalleryPage pages::square_buttons() {
+  return page<SquareButtons>("Controls", "Large square buttons",
+      "Tiles with a large symbol above a title; one kind is pressed, "
+      "the other selected.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

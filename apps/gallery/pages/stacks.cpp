@@ -64,17 +64,10 @@ struct Stacks {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage stacks() {
-  return {.group = "Toolkit",
-      .title = "Stacks",
-      .summary =
-          "Children side by side, one below the other, or one on the "
-          "other.",
-      .content = [] { return View(Stacks{}); },
-      .code = {}};
+GalleryPage pages::stacks() {
+  return page<Stacks>("Toolkit", "Stacks",
+      "Children side by side, one below the other, or one on the "
+      "other.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -60,17 +60,10 @@ struct Surroundings {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage surroundings() {
-  return {.group = "Toolkit",
-      .title = "Surroundings",
-      .summary =
-          "What views inherit: light and dark, direction, fonts, and "
-          "values of one's own.",
-      .content = [] { return View(Surroundings{}); },
-      .code = {}};
+GalleryPage pages::surroundings() {
+  return page<Surroundings>("Toolkit", "Surroundings",
+      "What views inherit: light and dark, direction, fonts, and "
+      "values of one's own.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

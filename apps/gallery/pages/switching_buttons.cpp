@@ -64,17 +64,10 @@ struct SwitchingButtons {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage switching_buttons() {
-  return {.group = "Controls",
-      .title = "Buttons that switch",
-      .summary =
-          "Play and pause, favourite, plus and minus, hamburger: each "
-          "bound to a value.",
-      .content = [] { return View(SwitchingButtons{}); },
-      .code = {}};
+GalleryPage pages::switching_buttons() {
+  return page<SwitchingButtons>("Controls", "Buttons that switch",
+      "Play and pause, favourite, plus and minus, hamburger: each "
+      "bound to a value.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -58,15 +58,9 @@ struct Symbols {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage symbols() {
-  return {.group = "Toolkit",
-      .title = "Symbols",
-      .summary = "Our own drawings, by name, in the size of a font.",
-      .content = [] { return View(Symbols{}); },
-      .code = {}};
+GalleryPage pages::symbols() {
+  return page<Symbols>("Toolkit", "Symbols",
+      "Our own drawings, by name, in the size of a font.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -62,17 +62,10 @@ struct Tags {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage tags_view() {
-  return {.group = "Layout",
-      .title = "ZQTagsView",
-      .summary =
-          "A wrapped list of labels. Ten thousand of them scroll as well "
-          "as ten.",
-      .content = [] { return View(Tags{}); },
-      .code = {}};
+GalleryPage pages::tags_view() {
+  return page<Tags>("Layout", "ZQTagsView",
+      "A wrapped list of labels. Ten thousand of them scroll as well "
+      "as ten.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -56,15 +56,9 @@ struct Texts {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage text() {
-  return {.group = "Toolkit",
-      .title = "Text",
-      .summary = "Styles, alignment, wrapping and shortening.",
-      .content = [] { return View(Texts{}); },
-      .code = {}};
+GalleryPage pages::text() {
+  return page<Texts>(
+      "Toolkit", "Text", "Styles, alignment, wrapping and shortening.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

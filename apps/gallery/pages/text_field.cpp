@@ -42,16 +42,9 @@ struct TextFields {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage text_field() {
-  return {.group = "Toolkit",
-      .title = "TextField",
-      .summary =
-          "One line that the user edits, with the desktop's own editor.",
-      .content = [] { return View(TextFields{}); },
-      .code = {}};
+GalleryPage pages::text_field() {
+  return page<TextFields>("Toolkit", "TextField",
+      "One line that the user edits, with the desktop's own editor.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -46,17 +46,10 @@ struct TokenFields {
 
 }  // namespace
 
-namespace pages {
-
-GalleryPage tokens_view() {
-  return {.group = "Layout",
-      .title = "ZQTokensView",
-      .summary =
-          "A list of texts edited as one line, split at a separator; empty "
-          "pieces are kept.",
-      .content = [] { return View(TokenFields{}); },
-      .code = {}};
+GalleryPage pages::tokens_view() {
+  return page<TokenFields>("Layout", "ZQTokensView",
+      "A list of texts edited as one line, split at a separator; empty "
+      "pieces are kept.");
 }
 
-}  // namespace pages
 }  // namespace zq::gallery

@@ -190,10 +190,7 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
   ~PopoverNode() override { tree().popovers().hide(*this); }
   void mount() override {
     ModifierNode::mount();
-    if (!value().shown) return;
-    tree().later(*this, [this] {
-      if (value().shown) tree().popovers().show(*this, value().content, dismissal());
-    });
+    if (value().shown) tree().later(showing());
   }
   void update(const View& next) override {
     const View was = view();
@@ -201,7 +198,7 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
     const bool wasShown = valueOf(was).shown;
     setView(next);
     setChild(now.child);
-    if (now.shown && wasShown) tree().popovers().update(*this, now.content);
+    if (now.shown && wasShown) tree().popovers().update(*this, now.content, dismissal());
     if (now.shown && !wasShown) tree().popovers().show(*this, now.content, dismissal());
     if (!now.shown && wasShown) tree().popovers().hide(*this);
   }
@@ -217,6 +214,15 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
   std::function<void()> dismissal() {
     return [binding = value().isPresented] { binding.set(false); };
   }
+  std::function<void()> showing() {
+    const std::weak_ptr<bool> alive = alive_;
+    return [this, alive] {
+      if (!alive.expired() && value().shown) {
+        tree().popovers().show(*this, value().content, dismissal());
+      }
+    };
+  }
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 }  // namespace

@@ -38,7 +38,7 @@ PopoverController::Bubble* PopoverController::find(const Node& anchor) {
 }
 
 void PopoverController::show(Node& anchor, const View& content, std::function<void()> dismiss) {
-  if (find(anchor)) return update(anchor, content);
+  if (find(anchor)) return update(anchor, content, std::move(dismiss));
   auto node = Node::create(bubbleAround(content), tree_, &tree_.root());
   node->setEnvironment(anchor.childEnvironment());
   bubbles_.push_back({&anchor, std::move(node), std::move(dismiss)});
@@ -47,9 +47,10 @@ void PopoverController::show(Node& anchor, const View& content, std::function<vo
   tree_.contentChanged();
 }
 
-void PopoverController::update(Node& anchor, const View& content) {
+void PopoverController::update(Node& anchor, const View& content, std::function<void()> dismiss) {
   Bubble* bubble = find(anchor);
   if (!bubble) return;
+  bubble->dismiss = std::move(dismiss);
   tree_.root().reconcile(bubble->content, bubbleAround(content));
   bubble->content->setEnvironment(anchor.childEnvironment());
   tree_.root().invalidatePlacement();
@@ -59,11 +60,11 @@ void PopoverController::hide(const Node& anchor) {
   Bubble* bubble = find(anchor);
   if (!bubble) return;
   bubble->content->damageAll();
-  tree_.focus().goOnFrom(*bubble->content, *bubble->anchor);
   tree_.willRemove(*bubble->content);
   const auto node = std::move(bubble->content);  // goes after the list has lost it
   bubbles_.erase(bubbles_.begin() + (bubble - bubbles_.data()));
   tree_.root().invalidateBounds();
+  tree_.visibilityMayHaveChanged();  // the pointer is over what it covered
   tree_.contentChanged();
 }
 

@@ -14,11 +14,10 @@ class PopoverController {
   explicit PopoverController(Tree& tree) : tree_(tree) {}
 
   void show(Node& anchor, const View& content, std::function<void()> dismiss);
-  void update(Node& anchor, const View& content);
+  void update(Node& anchor, const View& content, std::function<void()> dismiss);
   void hide(const Node& anchor);
   void setEnvironment(const Node& anchor, const EnvironmentPtr& environment);
   bool dismissTop();
-  Node* top() const { return bubbles_.empty() ? nullptr : bubbles_.back().content.get(); }
   // A press outside of the top bubble ends it.
   bool dismissedBy(Point position);
   void place();

@@ -14,6 +14,13 @@ namespace {
 // never settle gets its next round in the next frame.
 constexpr int kMostRounds = 8;
 
+bool inside(const Node& node, const Node& subtree) {
+  for (const Node* n = &node; n; n = n->parent()) {
+    if (n == &subtree) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 Tree::Tree(View root, HostDelegate& delegate)
@@ -83,14 +90,9 @@ void Tree::frame() {
   // What is on its way was painted where it stood at the time of the last frame.
   for (const Animated& a : animated_) a.node->damageAll();
   now_ = Platform::current().clock().now();
-  if (nextRoot_) {
-    applyRoot();
-    layout();
-  }
+  applyRoot();
   tickAnimations();
-  stepping_ = true;
   layout();
-  stepping_ = false;
   for (int round = 0; round < kMostRounds; ++round) {
     const bool changed = applyMarks();
     if (!changed && later_.empty()) break;
@@ -140,8 +142,7 @@ bool Tree::applyMarks() {
   layout();
   for (auto& [animation, marks] : batch.animated) {
     if (!environment_->reducedMotion && animation.duration() > 0) animation_ = animation;
-    // What a view hands on to those inside that read it changes by the same animation.
-    withAnimation(animation, [&] { evaluate(marks); });
+    evaluate(marks);
     layout();
     animation_.reset();
   }
@@ -190,11 +191,7 @@ void Tree::layout() {
 }
 
 void Tree::runLater() {
-  for (std::size_t n = later_.size(); n > 0 && !later_.empty(); --n) {
-    const std::function<void()> work = std::move(later_.front().work);
-    later_.pop_front();
-    work();
-  }
+  for (auto& work : std::exchange(later_, {})) work();
 }
 
 void Tree::addVisibilityListener(Node& node, std::function<void(const Rect&)> listener) {
@@ -209,10 +206,10 @@ void Tree::tellVisibility() {
   for (std::size_t i = 0; i < visibility_.size(); ++i) {
     visibility_[i].listener(visibility_[i].node->visibleRect());
   }
+  popovers_.place();  // their anchors may have been scrolled, or be on their way
   layout();
   visibilityDirty_ = false;
   pointer_.refresh();
-  focus_.refresh();
 }
 
 // --- Damage ---
@@ -253,7 +250,9 @@ Size Tree::sizeThatFits(const ProposedSize& proposal) {
 
 void Tree::willRemove(Node& node) {
   pointer_.willRemove(node);
-  if (node.parent()) focus_.goOnFrom(node, *node.parent());
+  if (focus_.focused() && inside(*focus_.focused(), node)) {
+    focus_.set(nullptr, FocusController::Ring::hidden);
+  }
   contentChanged();
 }
 
@@ -267,7 +266,6 @@ void Tree::forget(const Node& node) {
   for (Animated& a : ticking_) {
     if (a.node == &node) a.node = nullptr;
   }
-  std::erase_if(later_, [&](const Later& l) { return l.node == &node; });
   std::erase_if(animated_, [&](const Animated& a) { return a.node == &node; });
   std::erase(layoutRoots_, &node);
   std::erase_if(visibility_, [&](const VisibilityListener& v) { return v.node == &node; });

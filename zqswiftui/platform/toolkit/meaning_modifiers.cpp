@@ -190,7 +190,10 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
   ~PopoverNode() override { tree().popovers().hide(*this); }
   void mount() override {
     ModifierNode::mount();
-    if (value().shown) tree().later(showing());
+    if (!value().shown) return;
+    tree().later(*this, [this] {
+      if (value().shown) tree().popovers().show(*this, value().content, dismissal());
+    });
   }
   void update(const View& next) override {
     const View was = view();
@@ -214,15 +217,6 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
   std::function<void()> dismissal() {
     return [binding = value().isPresented] { binding.set(false); };
   }
-  std::function<void()> showing() {
-    const std::weak_ptr<bool> alive = alive_;
-    return [this, alive] {
-      if (!alive.expired() && value().shown) {
-        tree().popovers().show(*this, value().content, dismissal());
-      }
-    };
-  }
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 }  // namespace

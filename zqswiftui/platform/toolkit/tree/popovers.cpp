@@ -60,6 +60,7 @@ void PopoverController::hide(const Node& anchor) {
   Bubble* bubble = find(anchor);
   if (!bubble) return;
   bubble->content->damageAll();
+  tree_.focus().goOnFrom(*bubble->content, *bubble->anchor);
   tree_.willRemove(*bubble->content);
   const auto node = std::move(bubble->content);  // goes after the list has lost it
   bubbles_.erase(bubbles_.begin() + (bubble - bubbles_.data()));

@@ -18,6 +18,7 @@ class PopoverController {
   void hide(const Node& anchor);
   void setEnvironment(const Node& anchor, const EnvironmentPtr& environment);
   bool dismissTop();
+  Node* top() const { return bubbles_.empty() ? nullptr : bubbles_.back().content.get(); }
   // A press outside of the top bubble ends it.
   bool dismissedBy(Point position);
   void place();

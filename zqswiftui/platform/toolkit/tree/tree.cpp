@@ -14,13 +14,6 @@ namespace {
 // never settle gets its next round in the next frame.
 constexpr int kMostRounds = 8;
 
-bool inside(const Node& node, const Node& subtree) {
-  for (const Node* n = &node; n; n = n->parent()) {
-    if (n == &subtree) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 Tree::Tree(View root, HostDelegate& delegate)
@@ -90,9 +83,14 @@ void Tree::frame() {
   // What is on its way was painted where it stood at the time of the last frame.
   for (const Animated& a : animated_) a.node->damageAll();
   now_ = Platform::current().clock().now();
-  applyRoot();
+  if (nextRoot_) {
+    applyRoot();
+    layout();
+  }
   tickAnimations();
+  stepping_ = true;
   layout();
+  stepping_ = false;
   for (int round = 0; round < kMostRounds; ++round) {
     const bool changed = applyMarks();
     if (!changed && later_.empty()) break;
@@ -142,7 +140,8 @@ bool Tree::applyMarks() {
   layout();
   for (auto& [animation, marks] : batch.animated) {
     if (!environment_->reducedMotion && animation.duration() > 0) animation_ = animation;
-    evaluate(marks);
+    // What a view hands on to those inside that read it changes by the same animation.
+    withAnimation(animation, [&] { evaluate(marks); });
     layout();
     animation_.reset();
   }
@@ -191,7 +190,11 @@ void Tree::layout() {
 }
 
 void Tree::runLater() {
-  for (auto& work : std::exchange(later_, {})) work();
+  for (std::size_t n = later_.size(); n > 0 && !later_.empty(); --n) {
+    const std::function<void()> work = std::move(later_.front().work);
+    later_.pop_front();
+    work();
+  }
 }
 
 void Tree::addVisibilityListener(Node& node, std::function<void(const Rect&)> listener) {
@@ -210,6 +213,7 @@ void Tree::tellVisibility() {
   layout();
   visibilityDirty_ = false;
   pointer_.refresh();
+  focus_.refresh();
 }
 
 // --- Damage ---
@@ -250,9 +254,7 @@ Size Tree::sizeThatFits(const ProposedSize& proposal) {
 
 void Tree::willRemove(Node& node) {
   pointer_.willRemove(node);
-  if (focus_.focused() && inside(*focus_.focused(), node)) {
-    focus_.set(nullptr, FocusController::Ring::hidden);
-  }
+  if (node.parent()) focus_.goOnFrom(node, *node.parent());
   contentChanged();
 }
 
@@ -266,6 +268,7 @@ void Tree::forget(const Node& node) {
   for (Animated& a : ticking_) {
     if (a.node == &node) a.node = nullptr;
   }
+  std::erase_if(later_, [&](const Later& l) { return l.node == &node; });
   std::erase_if(animated_, [&](const Animated& a) { return a.node == &node; });
   std::erase(layoutRoots_, &node);
   std::erase_if(visibility_, [&](const VisibilityListener& v) { return v.node == &node; });

@@ -233,7 +233,7 @@ TEST(MovingLengths, paintAllThatTheyTouch) {
 TEST(MovingPlaces, keepTheirWayWhileALengthMovesTheirGoal) {
   const Choice view{[](int i) {
     return VStack({.spacing = 0}, {ForEach(std::vector<int>{i == 0 ? 0 : 2, 1},
-                                           [i](int what) {
+                                           [](int what) {
                                              return what == 1   ? View(Text("x"))
                                                     : what == 0 ? View(Rectangle().frame(10, 10))
                                                                 : View(Rectangle().frame(10, 30));

@@ -94,7 +94,7 @@ class ViewModifiers {
   template <class T>
   View environmentObject(std::shared_ptr<T> object) const;
   // Content in a bubble beside the view while the binding is true; Escape and a click
-  // elsewhere set it to false.
+  // elsewhere set it to false. Shortcuts behind it are not heard while it is open.
   View popover(Binding<bool> isPresented, View content) const;
 
   // For a defaulted comparison of Self, and for no more: one that Self inherited would call any

@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <zqswiftui/platform/headless/headless_platform.hpp>
+#include <zqswiftui/settings/own_form_reader.hpp>
 #include <zqswiftui/settings/project_json.hpp>
 
 namespace zq {
@@ -227,6 +228,41 @@ TEST(ProjectJson, aProjectComesBackAsItWasWritten) {
   }
   project.setGroupList({{.id = "g", .name = "bad \xFF", .itemList = {item}}});
   EXPECT_EQ(decoded(encoded(project)).groupList()[0].name, "bad \xEF\xBF\xBD");
+}
+
+// Two readers take turns: one for the form in which projects are written, one for all else.
+// What the first accepts must mean the same to the other, and every small change of a text must
+// give the same project, or refusal, whoever reads it.
+TEST(ProjectJson, bothReadersAgreeOnEverySmallChangeOfAFile) {
+  const HeadlessPlatform platform;
+  ZQUICProject project;
+  project.id = "p";
+  project.selectedGroupId = "g";
+  project.configFileUrl = Url::file("/a");
+  project.setGroupList(
+      {{.id = "g",
+        .name = "G",
+        .itemList = {{.id = "i", .key = "k\n", .intValue = -12, .doubleValue = 0.25},
+                     {.id = "j", .doubleValue = 1e-7, .pointValue = {-1.5, 123456.789}}}}});
+  const std::string json = encoded(project);
+  ASSERT_TRUE(readOwnForm(encoded(project, JsonStyle::pretty)) == std::nullopt);  // an escape
+  project.editGroupList([](auto& groups) { groups[0].itemList[0].key = "k"; });
+  ASSERT_TRUE(readOwnForm(encoded(project, JsonStyle::pretty)).has_value());
+  ProjectPlaces unused;
+  for (const std::string& text : {json, encoded(project), encoded(project, JsonStyle::pretty)}) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      for (const std::string_view put :
+           {"", "0", "-", ".", "\"", ",", "}", "]", "e", "\\", " ", "null"}) {
+        std::string changed = text;
+        changed.replace(at, 1, put);
+        const auto own = readOwnForm(changed);
+        const auto other = decodeEverything(changed, unused);
+        if (!own) continue;
+        ASSERT_TRUE(other.ok()) << changed;
+        ASSERT_EQ(encoded(*own), encoded(other.value())) << changed;
+      }
+    }
+  }
 }
 
 TEST(ProjectJson, theFileReadsWell) {

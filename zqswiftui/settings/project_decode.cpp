@@ -5,12 +5,14 @@
 #include <rapidjson/error/error.h>
 #include <rapidjson/reader.h>
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <memory>
 #include <utility>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/settings/own_form_reader.hpp>
 #include <zqswiftui/settings/project_json.hpp>
 #include <zqswiftui/settings/project_reader.hpp>
 
@@ -164,9 +166,10 @@ void blankTooBigNumbers(std::string& json) {
   }
 }
 
-rapidjson::ParseResult parse(std::string json, ProjectReader& reader) {
-  json.append(padding, '\0');
-  rapidjson::InsituStringStream stream(json.data());
+rapidjson::ParseResult parse(std::string_view json, ProjectReader& reader) {
+  const auto text = std::make_unique_for_overwrite<char[]>(json.size() + padding);
+  std::memset(std::copy(json.begin(), json.end(), text.get()), 0, padding);
+  rapidjson::InsituStringStream stream(text.get());
   Events events{reader, stream};
   rapidjson::Reader parser;
   return parser.Parse<parseFlags>(stream, events);
@@ -181,13 +184,16 @@ Result<ZQUICProject> decode(std::string_view json, ProjectPlaces* places) {
   }
   const std::size_t bad = firstBadByte(json);
   if (bad < json.size()) return errorAt(json, bad, "this is not UTF-8 text");
+  if (places == nullptr) {
+    if (auto project = readOwnForm(json)) return *std::move(project);
+  }
   ProjectReader reader(json, places);
-  auto result = parse(std::string(json), reader);
+  auto result = parse(json, reader);
   if (result.Code() == rapidjson::kParseErrorNumberTooBig) {
     std::string mended(json);
     blankTooBigNumbers(mended);
     reader = ProjectReader(json, places);
-    result = parse(std::move(mended), reader);
+    result = parse(mended, reader);
   }
   if (result.IsError()) return errorAt(json, result.Offset(), sentence(result.Code()));
   auto project = reader.take();

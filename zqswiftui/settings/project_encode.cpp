@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
-#include <array>
+#include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <concepts>
 #include <cstring>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/base/text.hpp>
@@ -29,28 +31,59 @@ void appendEscaped(std::string& json, char c) {
   }
 }
 
-void appendQuoted(std::string& json, std::string_view text) {
-  json += '"';
-  std::size_t plain = 0;
-  while (plain < text.size() && isPlain(text[plain])) ++plain;
-  json += text.substr(0, plain);
-  if (plain < text.size()) {
-    for (const char c : validUtf8(text.substr(plain))) {
-      if (isPlain(c) || static_cast<unsigned char>(c) >= 0x80) {
-        json += c;
-      } else {
-        appendEscaped(json, c);
-      }
+std::string escaped(std::string_view text) {
+  std::string json;
+  for (const char c : validUtf8(text)) {
+    if (isPlain(c) || static_cast<unsigned char>(c) >= 0x80) {
+      json += c;
+    } else {
+      appendEscaped(json, c);
     }
   }
-  json += '"';
+  return json;
 }
+
+// Bytes that grow by blocks, so that a short piece costs a check and a copy.
+class Output {
+ public:
+  explicit Output(std::size_t sizeHint) { bytes_.resize(sizeHint); }
+
+  void append(char c) { *advance(1) = c; }
+  void append(std::string_view piece) {
+    std::memcpy(advance(piece.size()), piece.data(), piece.size());
+  }
+  // Of a size that the compiler knows, the copy is an instruction or two.
+  template <std::size_t size>
+  void append(const char (&literal)[size]) {
+    std::memcpy(advance(size - 1), literal, size - 1);
+  }
+  template <std::integral Number>
+  void appendNumber(Number number) {
+    constexpr std::size_t longest = 24;
+    char* const begin = advance(longest);
+    const char* const end = std::to_chars(begin, begin + longest, number).ptr;
+    size_ -= longest - static_cast<std::size_t>(end - begin);
+  }
+  std::string take() {
+    bytes_.resize(size_);
+    return std::move(bytes_);
+  }
+
+ private:
+  char* advance(std::size_t count) {
+    if (bytes_.size() - size_ < count) [[unlikely]]
+      bytes_.resize(2 * bytes_.size() + count);
+    return bytes_.data() + std::exchange(size_, size_ + count);
+  }
+
+  std::string bytes_;
+  std::size_t size_ = 0;
+};
 
 class Writer {
  public:
-  Writer(JsonStyle style, std::size_t sizeHint) : pretty_(style == JsonStyle::pretty) {
-    json_.reserve(sizeHint);
-  }
+  Writer(JsonStyle style, std::size_t sizeHint)
+      : json_(sizeHint), pretty_(style == JsonStyle::pretty) {}
 
   void beginObject() { begin('{'); }
   void endObject() { end('}'); }
@@ -58,51 +91,64 @@ class Writer {
   void endArray() { end(']'); }
   void element() { separate(); }
 
-  void key(std::string_view name) {
+  template <std::size_t size>
+  void key(const char (&name)[size]) {
     separate();
-    json_ += '"';
-    json_ += name;
-    json_ += pretty_ ? std::string_view("\": ") : std::string_view("\":");
+    json_.append('"');
+    json_.append(name);
+    if (pretty_) return json_.append("\": ");
+    json_.append("\":");
   }
-  void value(std::string_view text) { appendQuoted(json_, text); }
-  void value(bool flag) { json_ += flag ? std::string_view("true") : std::string_view("false"); }
-  void value(std::int64_t number) { appendNumber(json_, number); }
+  void value(std::string_view text) {
+    json_.append('"');
+    if (std::all_of(text.begin(), text.end(), isPlain)) {
+      json_.append(text);
+    } else {
+      json_.append(std::string_view(escaped(text)));
+    }
+    json_.append('"');
+  }
+  void value(bool flag) { json_.append(flag ? std::string_view("true") : "false"); }
+  void value(std::int64_t number) { json_.appendNumber(number); }
   void value(double number) {
     finite_ = finite_ && std::isfinite(number);
-    appendStandardText(json_, number);
+    number_.clear();
+    appendStandardText(number_, number);
+    json_.append(std::string_view(number_));
   }
-  template <typename T>
-  void field(std::string_view name, const T& content) {
+  template <std::size_t size, typename T>
+  void field(const char (&name)[size], const T& content) {
     key(name);
     value(content);
   }
 
   bool finite() const { return finite_; }
-  std::string take() { return std::move(json_); }
+  std::string take() { return json_.take(); }
 
  private:
   void begin(char bracket) {
-    json_ += bracket;
+    json_.append(bracket);
     ++depth_;
     first_ = true;
   }
   void end(char bracket) {
     --depth_;
     if (!first_) newLine();
-    json_ += bracket;
+    json_.append(bracket);
     first_ = false;
   }
   void separate() {
-    if (!first_) json_ += ',';
+    if (!first_) json_.append(',');
     first_ = false;
     newLine();
   }
   void newLine() {
     constexpr std::string_view indented = "\n                ";
-    if (pretty_) json_ += indented.substr(0, 1 + 2 * depth_);
+    if (pretty_) json_.append(indented.substr(0, 1 + 2 * depth_));
   }
 
-  std::string json_;
+  Output json_;
+  std::string number_;
   bool pretty_;
   bool first_ = true;
   bool finite_ = true;
@@ -148,11 +194,12 @@ void write(Writer& json, const ZQUICProject& project) {
   json.field("id", std::string_view(project.id));
   json.field("name", std::string_view(project.name));
   json.field("appBundleId", std::string_view(project.appBundleId));
-  const auto location = [&json](std::string_view name, const std::optional<Url>& url) {
-    if (url) json.field(name, std::string_view(url->text()));
-  };
-  location("configFileUrl", project.configFileUrl);
-  location("configSwiftFileUrl", project.configSwiftFileUrl);
+  if (project.configFileUrl) {
+    json.field("configFileUrl", std::string_view(project.configFileUrl->text()));
+  }
+  if (project.configSwiftFileUrl) {
+    json.field("configSwiftFileUrl", std::string_view(project.configSwiftFileUrl->text()));
+  }
   json.key("groupList");
   json.beginArray();
   for (const ZQUICGroup& group : project.groupList()) {

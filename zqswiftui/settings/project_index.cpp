@@ -1,59 +1,58 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <bit>
 #include <functional>
-#include <unordered_set>
+#include <utility>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/settings/project_index.hpp>
 
 namespace zq {
 
-namespace {
-
-std::size_t hashOf(std::string_view key, std::string_view group) {
-  const std::hash<std::string_view> hash;
-  return hash(group) * 31 + hash(key);
+void TokenTable::reserve(std::size_t count) {
+  entries_.assign(std::bit_ceil(2 * count + 1), {});
 }
 
-}  // namespace
-
-ProjectIndex::ProjectIndex(const std::vector<ZQUICGroup>& groups) {
-  std::size_t count = 0;
-  for (const ZQUICGroup& group : groups) count += group.itemList.size();
-  table_.resize(std::bit_ceil(2 * count + 1));
-  std::unordered_set<std::string_view> seen;
-  for (const ZQUICGroup& group : groups) {
-    const std::string_view name = tokenized(group.name);
-    if (!seen.insert(name).second) continue;
-    for (const ZQUICItem& item : group.itemList) add(name, item);
+// The slot of the token, or the empty one where it would stand.
+std::size_t TokenTable::slotOf(std::string_view token, std::size_t hash) const {
+  const std::size_t mask = entries_.size() - 1;
+  std::size_t slot = hash & mask;
+  while (entries_[slot].place != none &&
+         (entries_[slot].hash != hash || entries_[slot].token != token)) {
+    slot = (slot + 1) & mask;
   }
+  return slot;
 }
 
-std::string_view ProjectIndex::tokenized(const std::string& text) {
-  std::string token = swiftTokenize(text);
-  if (token == text) return text;
-  return spelled_.emplace_back(std::move(token));
+void TokenTable::add(const std::string& name, std::size_t place) {
+  std::string made = swiftTokenize(name);
+  const std::size_t hash = std::hash<std::string_view>()(made);
+  Entry& entry = entries_[slotOf(made, hash)];
+  if (entry.place != none) return;
+  const std::string_view token = made == name ? name : spelled_.emplace_back(std::move(made));
+  entry = {hash, token, place};
 }
 
-const ProjectIndex::Entry& ProjectIndex::slotFor(std::size_t hash, std::string_view key,
-                                                 std::string_view group) const {
-  const std::size_t mask = table_.size() - 1;
-  for (std::size_t place = hash & mask;; place = (place + 1) & mask) {
-    const Entry& entry = table_[place];
-    if (entry.item == nullptr) return entry;
-    if (entry.hash == hash && entry.key == key && entry.group == group) return entry;
-  }
+std::optional<std::size_t> TokenTable::find(std::string_view token) const {
+  const Entry& entry = entries_[slotOf(token, std::hash<std::string_view>()(token))];
+  return entry.place != none ? std::optional(entry.place) : std::nullopt;
 }
 
-void ProjectIndex::add(std::string_view group, const ZQUICItem& item) {
-  const std::string_view key = tokenized(item.key);
-  const std::size_t hash = hashOf(key, group);
-  const Entry& slot = slotFor(hash, key, group);
-  if (slot.item != nullptr) return;
-  table_[static_cast<std::size_t>(&slot - table_.data())] = {hash, group, key, &item};
+ProjectIndex::ProjectIndex(const std::vector<ZQUICGroup>& groups)
+    : groups_(groups), keys_(groups.size()) {
+  names_.reserve(groups.size());
+  for (std::size_t i = 0; i < groups.size(); ++i) names_.add(groups[i].name, i);
 }
 
 const ZQUICItem* ProjectIndex::find(std::string_view key, std::string_view group) const {
-  return slotFor(hashOf(key, group), key, group).item;
+  const auto place = names_.find(group);
+  if (!place) return nullptr;
+  const std::vector<ZQUICItem>& items = groups_[*place].itemList;
+  Keys& keys = keys_[*place];
+  std::call_once(keys.made, [&keys, &items] {
+    keys.table.reserve(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) keys.table.add(items[i].key, i);
+  });
+  const auto found = keys.table.find(key);
+  return found ? &items[*found] : nullptr;
 }
 
 }  // namespace zq

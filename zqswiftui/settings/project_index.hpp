@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <deque>
+#include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,27 +12,44 @@
 
 namespace zq {
 
-// Finds items by the tokenized names of their group and key: the answer of an ordered walk that
-// takes the first group of the name, and in it the first item of the key. Built once over
-// groups that outlive it and do not change; reading allocates nothing, on any thread.
+// Places in a list by the tokens of their names; of equal tokens the first. Names outlive it.
+class TokenTable {
+ public:
+  // Empty, for at most so many names.
+  void reserve(std::size_t count);
+  void add(const std::string& name, std::size_t place);
+  std::optional<std::size_t> find(std::string_view token) const;
+
+ private:
+  struct Entry {
+    std::size_t hash = 0;
+    std::string_view token;
+    std::size_t place = none;
+  };
+  static constexpr auto none = static_cast<std::size_t>(-1);
+  std::size_t slotOf(std::string_view token, std::size_t hash) const;
+
+  std::vector<Entry> entries_;       // a power of two, never full; collisions follow one another
+  std::deque<std::string> spelled_;  // tokens that are not their own name
+};
+
+// Finds items by the tokens of their group and key: the answer of an ordered walk that takes the
+// first group of the name, and in it the first item of the key. Groups outlive it and do not
+// change. The keys of a group are looked at when it is first asked for, for an application reads
+// few of a large project. Any thread; finding what was found before allocates nothing.
 class ProjectIndex {
  public:
   explicit ProjectIndex(const std::vector<ZQUICGroup>& groups);
   const ZQUICItem* find(std::string_view key, std::string_view group) const;
 
  private:
-  struct Entry {
-    std::size_t hash = 0;
-    std::string_view group;
-    std::string_view key;
-    const ZQUICItem* item = nullptr;
+  struct Keys {
+    std::once_flag made;
+    TokenTable table;
   };
-  std::string_view tokenized(const std::string& text);
-  void add(std::string_view group, const ZQUICItem& item);
-  const Entry& slotFor(std::size_t hash, std::string_view key, std::string_view group) const;
-
-  std::vector<Entry> table_;         // a power of two, never full; places follow one another
-  std::deque<std::string> spelled_;  // of the names that are not their own token
+  const std::vector<ZQUICGroup>& groups_;
+  TokenTable names_;
+  mutable std::deque<Keys> keys_;  // of each group
 };
 
 }  // namespace zq

@@ -364,8 +364,12 @@ void ProjectReader::endGroup() {
 std::optional<ZQUICProject> ProjectReader::take() {
   if (!project_) return std::nullopt;
   if (!projectHasId_) project_->id = newSettingsId();
-  project_->adopt(std::move(groups_));
-  return std::move(project_);
+  return assemble(*std::move(project_), std::move(groups_));
+}
+
+ZQUICProject ProjectReader::assemble(ZQUICProject project, std::vector<ZQUICGroup> groups) {
+  project.adopt(std::move(groups));
+  return project;
 }
 
 }  // namespace zq

@@ -53,9 +53,34 @@ std::optional<Decimal> decimal(std::string_view text) {
   return parts;
 }
 
+// Most numbers that people write have a few decimals, and those are found by counting.
+// Absent where the value is no such number.
+std::optional<std::int64_t> tenThousandths(double value) {
+  constexpr double most = 1e10;
+  if (!(std::abs(value) < most) || (value == 0 && std::signbit(value))) return std::nullopt;
+  const auto count = static_cast<std::int64_t>(std::llround(value * 10000));
+  // Of at most 15 digits no two decimals read as the same number, so this one is the shortest.
+  if (static_cast<double>(count) / 10000 != value) return std::nullopt;
+  return count;
+}
+
+void appendTenThousandths(std::string& text, std::int64_t count) {
+  const auto size = static_cast<std::uint64_t>(count < 0 ? -count : count);
+  std::array<char, 24> digits{};
+  char* end = std::to_chars(digits.data(), digits.data() + digits.size(), size / 10000).ptr;
+  *end++ = '.';
+  for (std::uint64_t rest = size % 10000, unit = 1000; unit > 0; rest %= unit, unit /= 10) {
+    *end++ = static_cast<char>('0' + rest / unit);
+    if (rest % unit == 0) break;
+  }
+  if (count < 0) text += '-';
+  text.append(digits.data(), end);
+}
+
 }  // namespace
 
 void appendStandardText(std::string& text, double value) {
+  if (const auto count = tenThousandths(value)) return appendTenThousandths(text, *count);
   if (std::isnan(value)) {
     text += "nan";
     return;

@@ -40,12 +40,11 @@ void TextFieldNode::mount() {
 }
 
 void TextFieldNode::update(const View& next) {
-  const View was = view();
-  const auto& old = static_cast<const TextFieldValue&>(*was.value());
+  const auto& now = static_cast<const TextFieldValue&>(*next.value());
+  const bool renamed = now.placeholder != value().placeholder;
   setView(next);
   // The owner's text wins where it is not what this field told it last.
-  if (value().text == text_ && value().placeholder == old.placeholder) return;
-  show(value().text, caretIn(value().text));
+  if (value().text != text_ || renamed) show(value().text, caretIn(value().text));
 }
 
 // Where the caret stands in a text that came from elsewhere: before what stands behind it now.

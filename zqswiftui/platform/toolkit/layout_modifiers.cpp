@@ -207,6 +207,9 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
     return {cx + (p.x - t.offset.x - cx) * factor, cy + (p.y - t.offset.y - cy) * factor};
   }
   void paint(PaintPass& pass, Point origin) override;
+  bool hitTest(Point point, HitPath& path) override {
+    return field().scale > 0 && Node::hitTest(point, path);
+  }
 
  protected:
   void fieldMoved() override {

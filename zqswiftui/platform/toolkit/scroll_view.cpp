@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <cmath>
 #include <zqswiftui/platform/toolkit/scroll_view.hpp>
 #include <zqswiftui/platform/toolkit/tree/responder.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
@@ -43,7 +44,8 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
     return localBounds().contains(point) && Node::hitTest(point, path);
   }
   bool wheel(const WheelEvent& event) override {
-    double x = event.deltaX, y = event.deltaY;
+    double x = std::isnan(event.deltaX) ? 0 : event.deltaX;
+    double y = std::isnan(event.deltaY) ? 0 : event.deltaY;
     if (value().axes == ScrollAxes::horizontal && x == 0) std::swap(x, y);
     return scrollTo({offset_.x + x, offset_.y + y});
   }
@@ -85,7 +87,11 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
 };
 
 void ScrollNode::layoutChildren() {
-  if (!child()) return;
+  if (!child()) {
+    content_ = {};
+    offset_ = {};
+    return damageAll();
+  }
   const ProposedSize offer = inner(ProposedSize::exactly(frame().size()));
   const Rect bars[] = {bar(Axis::vertical), bar(Axis::horizontal)};
   content_ = child()->measure(offer);

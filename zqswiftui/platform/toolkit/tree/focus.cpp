@@ -60,8 +60,8 @@ void FocusController::set(Node* node, Ring ring) {
   if (!shown) return;
   Rect rect = node->localBounds();
   for (Node* n = node; n->parent(); n = n->parent()) {
-    rect = n->parent()->mapFromChild(*n, rect);
-    n->parent()->reveal(rect);
+    n->parent()->reveal(n->parent()->mapFromChild(*n, rect));
+    rect = n->parent()->mapFromChild(*n, rect);  // where it is now
   }
 }
 

@@ -147,6 +147,7 @@ void PointerController::setVisible(bool visible) {
 void PointerController::refresh() {
   if (press_ && !press_->environment().enabled) endPress(false);
   if (drag_ && !drag_->environment().enabled) cancelDrag();
+  if (targeted_ && !targeted_->environment().enabled) setTargeted(nullptr);
   HitPath path;
   if (position_ && active_ && visible_ && !dragging_ && !targeted_) path = hit(*position_);
   std::vector<Node*> nodes;
@@ -260,6 +261,10 @@ void PointerController::willRemove(const Node& subtree) {
   for (Node* node : hovered_) {
     if (!node->isIn(subtree)) continue;
     if (auto farewell = node->responder()->hoverFarewell()) tree_.later(std::move(farewell));
+  }
+  if (targeted_ && targeted_->isIn(subtree)) {
+    const auto targeted = targeted_->responder()->dropTarget()->onTargeted;
+    if (targeted) tree_.later([targeted] { targeted(false); });
   }
   if (drag_ && dragging_ && drag_->isIn(subtree)) {
     if (auto cancelled = drag_->responder()->dragGesture()->onCancelled) {

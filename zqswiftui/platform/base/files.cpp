@@ -153,12 +153,14 @@ bool fu_fileExists(const Url& url, std::optional<std::int64_t> minSizeInKB) {
 }
 
 bool fu_createFolderIfNeeded(const Url& folder) {
+  if (!folder.isFile()) return false;
   std::error_code error;
   fs::create_directories(folder.path(), error);
   return fs::is_directory(folder.path(), error);
 }
 
 bool fu_createParentFolderIfNeeded(const Url& file) {
+  if (!file.isFile()) return false;
   const std::string parent = fs::path(file.path()).parent_path().string();
   return parent.empty() || fu_createFolderIfNeeded(Url::file(parent));
 }

@@ -36,7 +36,7 @@ bool isSafeFileName(std::string_view name);
 
 // Whether a file or folder exists, and has at least that many kilobytes where they are given.
 bool fu_fileExists(const Url& url, std::optional<std::int64_t> minSizeInKB = std::nullopt);
-// The folder itself and what leads to it; false where that fails.
+// The folder itself and what leads to it; false where that fails or it is not of a file.
 bool fu_createFolderIfNeeded(const Url& folder);
 bool fu_createParentFolderIfNeeded(const Url& file);
 bool fu_writeTextToFile(const Url& url, std::string_view text);

@@ -17,7 +17,7 @@ bool isPlain(char c) {
 
 // The path of an item's own file. A link is none of ours: it could lead out of the folder.
 std::optional<std::string> itemPath(const Url& folder, const std::string& id) {
-  if (!isSafeFileName(id)) return std::nullopt;
+  if (!isSafeFileName(id) || !folder.isFile()) return std::nullopt;
   std::string path = folder.appending(id).path();
   std::error_code error;
   if (std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::regular) {

@@ -46,7 +46,8 @@ std::string unescaped(std::string_view text) {
     const bool whole = text[i] == '%' && i + 2 < text.size();
     const int high = whole ? hexValue(text[i + 1]) : -1;
     const int low = whole ? hexValue(text[i + 2]) : -1;
-    if (high < 0 || low < 0) {
+    // The system would end a path at a zero byte, and so open another file than was named.
+    if (high < 0 || low < 0 || high + low == 0) {
       path += text[i];
     } else {
       path += static_cast<char>(high * 16 + low);
@@ -73,7 +74,10 @@ std::optional<Url> Url::parse(std::string_view text) {
   }
   const auto forbidden = [](char c) { return static_cast<unsigned char>(c) <= 0x20 || c == 0x7F; };
   if (std::any_of(text.begin(), text.end(), forbidden)) return std::nullopt;
-  return Url(std::string(text));
+  std::string known(text);
+  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), known.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return Url(std::move(known));
 }
 
 bool Url::isFile() const {
@@ -107,9 +111,10 @@ std::string Url::pathExtension() const {
 }
 
 Url Url::appending(std::string_view component) const {
-  std::string text = text_;
+  const std::size_t end = std::min(text_.find_first_of("?#"), text_.size());
+  std::string text = text_.substr(0, end);
   if (!text.ends_with('/')) text += '/';
-  return Url(text + escaped(component));
+  return Url(text + escaped(component) + text_.substr(end));
 }
 
 bool Url::isA(const std::vector<std::string>& extensions) const {

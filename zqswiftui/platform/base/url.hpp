@@ -17,17 +17,20 @@ class Url {
  public:
   // Of an absolute or relative path in UTF-8 or any other bytes, taken as it is.
   static Url file(std::string_view path);
-  // Absent where the text has no scheme, or holds blanks or control characters.
+  // Absent where the text has no scheme, or holds blanks or control characters. The scheme is
+  // kept in lower case.
   static std::optional<Url> parse(std::string_view text);
 
   const std::string& text() const { return text_; }
   bool isFile() const;
-  // Without escapes: of a file its path, else what stands between host and query.
+  // Without escapes: of a file its path, else what stands between host and query. That of a zero
+  // byte stays as it is: no path holds one.
   std::string path() const;
   // The last part of the path; empty of a root.
   std::string name() const;
   // What follows the name's last dot, as it is written; empty where there is none.
   std::string pathExtension() const;
+  // With one more part of the path; query and fragment stay.
   Url appending(std::string_view component) const;
   // Whether the extension is one of these, whatever the case; none of them has a dot.
   bool isA(const std::vector<std::string>& extensions) const;

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QAccessibleWidget>
+#include <QCoreApplication>
 #include <QMetaObject>
 #include <utility>
 #include <zqswiftui/platform/qt/accessibility.hpp>
@@ -83,7 +84,8 @@ const AccessibilityNode* AccessibleTree::find(std::uint64_t id) {
 
 void AccessibleTree::refresh() {
   const std::uint64_t version = host_.host().accessibilityVersion();
-  if (asked_ && version == version_) return;
+  // What a listener changes is told in the next turn: the nodes compared below must stand.
+  if (telling_ || (asked_ && version == version_)) return;
   asked_ = true;
   version_ = version;
   const AccessibilityNode before = std::exchange(root_, host_.host().accessibilityTree());
@@ -101,11 +103,13 @@ void AccessibleTree::refresh() {
     }
   }
   // Listeners may ask again from inside, so the state is whole by now.
+  telling_ = true;
   for (const auto& [was, entry] : kept) tellChanges(*was, *entry.node, entry.accessible);
+  telling_ = false;
   if (gone.empty()) return;
   // A caller may be inside one of them.
   QMetaObject::invokeMethod(
-      &host_,
+      qApp,
       [gone] {
         for (const QAccessible::Id id : gone) QAccessible::deleteAccessibleInterface(id);
       },

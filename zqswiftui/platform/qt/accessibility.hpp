@@ -54,6 +54,7 @@ class AccessibleTree : public std::enable_shared_from_this<AccessibleTree> {
 
   HostWidget& host_;
   bool asked_ = false;
+  bool telling_ = false;
   std::uint64_t version_ = 0;
   AccessibilityNode root_;
   Entries entries_;

@@ -37,15 +37,19 @@ class Appearance::Watcher : public QObject {
  public:
   explicit Watcher(Appearance& appearance) : appearance_(appearance) {
     qApp->installEventFilter(this);
+    // The event of the same meaning goes to the windows alone.
+    connect(qApp, &QGuiApplication::layoutDirectionChanged, this,
+            [this] { appearance_.refresh(); });
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched != qApp) return false;
+    // Another style is told to the widgets only.
+    if (watched != qApp && event->type() != QEvent::StyleChange) return false;
     switch (event->type()) {
       case QEvent::ApplicationFontChange:
         forgetFonts();
+        appearance_.tell();
         break;
       case QEvent::ApplicationPaletteChange:
-      case QEvent::ApplicationLayoutDirectionChange:
       case QEvent::StyleChange:
       case QEvent::ThemeChange:
         appearance_.refresh();
@@ -94,6 +98,10 @@ void Appearance::refresh() {
       reducedMotion_ ? *reducedMotion_ : desktopKeepsStill()};
   if (now == values_) return;
   values_ = now;
+  tell();
+}
+
+void Appearance::tell() {
   std::vector<unsigned long> ids;
   ids.reserve(listeners_.size());
   for (const auto& [id, listener] : listeners_) ids.push_back(id);

@@ -18,6 +18,7 @@ class Workspace final : public zq::Workspace {
 };
 
 // What the application's palette, direction and style say, unless the host says otherwise.
+// Listeners also hear of another font.
 class Appearance final : public zq::Appearance {
  public:
   Appearance();
@@ -35,6 +36,7 @@ class Appearance final : public zq::Appearance {
  private:
   class Watcher;
   void refresh();
+  void tell();
 
   std::optional<ColorScheme> scheme_;
   std::optional<LayoutDirection> direction_;

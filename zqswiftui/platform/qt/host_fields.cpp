@@ -51,15 +51,17 @@ void setPlace(QLineEdit& edit, const TextFieldState& state) {
   const QRect bounds =
       toQRectF(state.bounds).toAlignedRect().adjusted(-kOwnMargin, 0, kOwnMargin, 0);
   const QRect clip = toQRectF(state.clip).toAlignedRect().adjusted(-kOwnMargin, 0, kOwnMargin, 0);
-  if (state.clip.empty()) {
+  QRegion shown = QRegion(bounds) & clip;
+  for (const Rect& covered : state.covered) shown -= toQRectF(covered).toAlignedRect();
+  if (state.clip.empty() || shown.isEmpty()) {
     edit.setGeometry(bounds.translated(-kFarAway, 0));
     return;
   }
   edit.setGeometry(bounds);
-  if (clip.contains(bounds)) {
+  if (shown == QRegion(bounds)) {
     edit.clearMask();
   } else {
-    edit.setMask(QRegion(clip.translated(-bounds.topLeft())));
+    edit.setMask(shown.translated(-bounds.topLeft()));
   }
 }
 
@@ -147,9 +149,16 @@ void FieldEditors::apply(Editor& editor, const TextFieldState& state) {
     edit.setAlignment(alignmentOf(state.alignment));
   }
   if (fresh || old.enabled != state.enabled) edit.setEnabled(state.enabled);
-  if (fresh || old.bounds != state.bounds || old.clip != state.clip) setPlace(edit, state);
+  if (fresh || old.bounds != state.bounds || old.clip != state.clip ||
+      old.covered != state.covered) {
+    setPlace(edit, state);
+  }
   if (fresh) edit.show();
   editor.state = state;
+}
+
+void FieldEditors::fontsChanged() {
+  for (const auto& [id, editor] : editors_) editor.edit->setFont(fontEntry(editor.state.font).font);
 }
 
 bool FieldEditors::haveFocus() const {
@@ -179,6 +188,13 @@ void FieldEditors::takeFocus(Qt::FocusReason reason) {
   if (edit != nullptr && reason != Qt::OtherFocusReason && reason != Qt::MouseFocusReason) {
     edit->selectAll();
   }
+}
+
+void FieldEditors::giveFocusToHost() {
+  if (!haveFocus()) return;
+  const bool outer = std::exchange(movingFocus_, true);
+  host_.setFocus(Qt::OtherFocusReason);
+  movingFocus_ = outer;
 }
 
 bool FieldEditors::keyPressed(std::uint64_t id, QEvent& event) {

@@ -26,7 +26,10 @@ class FieldEditors final : public QObject {
   void followFocus();
   // The same, and takes it from other widgets.
   void takeFocus(Qt::FocusReason reason);
+  // From an editor to the widget around it, unnoticed by the tree.
+  void giveFocusToHost();
   bool haveFocus() const;
+  void fontsChanged();
   bool movingFocus() const { return movingFocus_; }
   QLineEdit* editor(std::uint64_t id) const;
 

@@ -94,6 +94,7 @@ DropInfo dropped(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   bool files = false;
   for (const QUrl& url : urls.first(std::min(urls.size(), kMaxDroppedUrls))) {
+    if (!url.isValid() || url.isRelative()) continue;  // a comment of the list, or no URL
     files = files || url.isLocalFile();
     info.urls.push_back(url.toEncoded().toStdString());
   }
@@ -177,7 +178,8 @@ void HostWidget::focusOutEvent(QFocusEvent* event) {
 bool HostWidget::focusNextPrevChild(bool next) {
   if (!host_->focusNext(!next)) {
     // Beyond the ends of the view lie the other widgets of the window; without any, the way
-    // begins again.
+    // begins again. It leads on from this widget: its editors stand elsewhere in Qt's order.
+    fields_->giveFocusToHost();
     if (QWidget::focusNextPrevChild(next) && QApplication::focusWidget() != this) return true;
     host_->focusIn(true, !next);
   }

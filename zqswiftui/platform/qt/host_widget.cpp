@@ -13,6 +13,7 @@
 #include <zqswiftui/platform/qt/accessibility.hpp>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
+#include <zqswiftui/platform/qt/font_cache.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
 #include <zqswiftui/platform/qt/painter_canvas.hpp>
@@ -65,6 +66,7 @@ HostWidget::HostWidget(View root, QWidget* parent)
       host_(std::make_unique<ViewHost>(std::move(root), static_cast<HostDelegate&>(*this))),
       fields_(std::make_unique<FieldEditors>(*this)),
       accessible_(std::make_shared<AccessibleTree>(*this)),
+      fonts_(fontGeneration()),
       frameTimer_(new QTimer(this)) {
   setMouseTracking(true);
   setAcceptDrops(true);
@@ -85,6 +87,8 @@ HostWidget::~HostWidget() {
     zq::Platform::current().appearance().removeListener(appearanceListener_);
   }
   accessible_.reset();
+  // A focused editor that goes would pass its focus on through this widget.
+  fields_->giveFocusToHost();
   fields_.reset();
   host_.reset();
 }
@@ -161,6 +165,10 @@ void HostWidget::updateAppearance() {
   }
   appearance_ = values;
   host_->setAppearance(values);
+  if (std::exchange(fonts_, fontGeneration()) != fontGeneration()) {
+    host_->fontsChanged();
+    fields_->fontsChanged();
+  }
   update();
 }
 
@@ -170,7 +178,7 @@ bool HostWidget::event(QEvent* event) {
     return true;
   }
   if (event->type() == QEvent::ToolTip) {
-    showHelp();
+    showHelp(static_cast<QHelpEvent*>(event)->globalPos());
     return true;
   }
   // Another screen may have other pixels.
@@ -178,11 +186,11 @@ bool HostWidget::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-void HostWidget::showHelp() {
+void HostWidget::showHelp(QPoint position) {
   if (help_.isEmpty()) return QToolTip::hideText();
   // A text that happens to look like markup is shown as it stands.
   const QString shown = Qt::mightBeRichText(help_) ? help_.toHtmlEscaped() : help_;
-  QToolTip::showText(QCursor::pos(), shown, this, helpBounds_);
+  QToolTip::showText(position, shown, this, helpBounds_);
 }
 
 void HostWidget::paintEvent(QPaintEvent* event) {

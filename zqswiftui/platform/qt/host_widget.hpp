@@ -70,13 +70,14 @@ class HostWidget final : public QWidget, private HostDelegate {
   void repaintDamage();
   void pace();
   void tellLayout();
-  void showHelp();
+  void showHelp(QPoint position);
   void answerDrag(QDropEvent& event);
   int countClicks(const QMouseEvent& event);
 
   std::unique_ptr<ViewHost> host_;
   std::unique_ptr<FieldEditors> fields_;
   std::shared_ptr<AccessibleTree> accessible_;
+  unsigned fonts_;  // the generation that the view was measured with
   QTimer* frameTimer_;
   unsigned long appearanceListener_ = 0;
   AppearanceValues appearance_;

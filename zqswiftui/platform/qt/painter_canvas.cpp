@@ -231,7 +231,18 @@ void PainterCanvas::pushClip(const Path& path, Point origin) {
   painter_->save();
   painter_->setRenderHint(QPainter::Antialiasing);
   antialiasing_ = true;
-  painter_->setClipPath(toPainterPath(path, grid_.snap(origin)), Qt::IntersectClip);
+  painter_->setClipPath(onGrid(path, grid_.snap(origin)), Qt::IntersectClip);
+}
+
+// With its outermost edges on whole pixels, as those of what is filled: Qt takes what remains
+// of a soft edge in a partial repaint for a hard one.
+QPainterPath PainterCanvas::onGrid(const Path& path, Point origin) const {
+  const Rect exact = path.bounds();
+  const Rect snapped = grid_.snap(exact.offsetBy(origin));
+  if (!(exact.width > 0 && exact.height > 0)) return toPainterPath(path, origin);
+  const double scaleX = snapped.width / exact.width, scaleY = snapped.height / exact.height;
+  return toPainterPath(path, {snapped.x - exact.x * scaleX, snapped.y - exact.y * scaleY}, scaleX,
+                       scaleY);
 }
 
 void PainterCanvas::pushScale(double scaleX, double scaleY, Point about) {

@@ -66,6 +66,7 @@ class PainterCanvas final : public Canvas {
   const QColor& resolved(Tint& tint, const Color& color, const PlayState& state);
   QBrush brushOf(const Paint& paint, const Rect& rect, const PlayState& state);
   void fillWith(const Paint& paint, const Rect& rect, const PlayState& state);
+  QPainterPath onGrid(const Path& path, Point origin) const;
   void setAntialiasing(bool on);
   void withoutPen();
   void withOpacity(double opacity, const auto& drawing);

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QPainter>
+#include <QRegion>
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -21,7 +22,7 @@ struct NoWindow final : HostDelegate {
 };
 
 // What the native editors show in a window.
-void paintField(Canvas& canvas, const TextFieldState& field) {
+void paintField(QPainter& painter, double scale, const TextFieldState& field) {
   const bool hint = field.text.empty();
   auto content = std::make_shared<TextContent>();
   content->text = hint ? field.placeholder : field.text;
@@ -34,6 +35,10 @@ void paintField(Canvas& canvas, const TextFieldState& field) {
   PlayState state;
   state.direction = field.direction;
   state.opacity = hint || !field.enabled ? 0.4 : 1;
+  QRegion shown(toQRectF(field.clip).toAlignedRect());
+  for (const Rect& covered : field.covered) shown -= toQRectF(covered).toAlignedRect();
+  painter.setClipRegion(shown);
+  PainterCanvas canvas(painter, scale);
   canvas.pushClip(field.clip);
   canvas.draw(DrawText{content, line, field.alignment, 1, true, false, color}, state);
   canvas.pop();
@@ -59,7 +64,7 @@ QImage renderView(View view, Size size, double scale, const AppearanceValues& ap
   QPainter painter(&image);
   PainterCanvas canvas(painter, factor);
   host.paintAll(canvas);
-  for (const TextFieldState& field : host.textFields()) paintField(canvas, field);
+  for (const TextFieldState& field : host.textFields()) paintField(painter, factor, field);
   return image;
 }
 

@@ -53,6 +53,9 @@ Size ViewHost::sizeThatFits(const ProposedSize& p) {
 void ViewHost::setAppearance(const AppearanceValues& v) {
   tree_->setAppearance(v);
 }
+void ViewHost::fontsChanged() {
+  tree_->fontsChanged();
+}
 void ViewHost::setWindowActive(bool active) {
   tree_->pointer().setWindowActive(active);
 }
@@ -128,7 +131,15 @@ bool ViewHost::drop(const DropInfo& info) {
 
 std::vector<TextFieldState> ViewHost::textFields() const {
   std::vector<TextFieldState> fields;
-  collectFields(tree_->root(), fields);
+  // The view comes first, then the bubbles, each above all before it.
+  tree_->root().forEachChild([&](Node& layer) {
+    const Rect over = layer.toWindow(layer.localBounds());
+    for (TextFieldState& under : fields) {
+      const Rect covered = intersection(under.clip, over);
+      if (!covered.empty()) under.covered.push_back(covered);
+    }
+    collectFields(layer, fields);
+  });
   return fields;
 }
 void ViewHost::fieldEdited(std::uint64_t id, const std::string& text) {

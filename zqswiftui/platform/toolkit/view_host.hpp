@@ -21,7 +21,9 @@ class HostDelegate {
  public:
   virtual ~HostDelegate() = default;
   // Call ViewHost::frame() soon, on the interface thread. Comes once, from any thread, until
-  // the next frame has begun.
+  // the next frame has begun. The lock that keeps a change on another thread from meeting the
+  // end of this delegate is held meanwhile: post something and return, and call neither the
+  // tree nor a state from inside.
   virtual void frameRequested() = 0;
   virtual void cursorChanged(Cursor) {}
   // A help text for what is under the pointer; empty: take it away.
@@ -29,11 +31,12 @@ class HostDelegate {
 };
 
 // A text field as the host's native editor needs it. Bounds in points of the window; clip is
-// the part of them that shows.
+// the part of them that shows, but for what bubbles above the field cover.
 struct TextFieldState {
   std::uint64_t id = 0;
   Rect bounds;
   Rect clip;
+  std::vector<Rect> covered;
   std::string text;
   std::string placeholder;
   FontSpec font;
@@ -71,6 +74,8 @@ class ViewHost {
   // What the root would like to have under the proposal; runs pending evaluations.
   Size sizeThatFits(const ProposedSize& proposal);
   void setAppearance(const AppearanceValues& values);
+  // The platform's fonts are others now: every text is measured and drawn anew.
+  void fontsChanged();
   void setWindowActive(bool active);
   // A hidden window's views end hovering and ask for no frames of animations.
   void setVisible(bool visible);

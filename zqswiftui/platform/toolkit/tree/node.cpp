@@ -72,7 +72,10 @@ void Node::setEnvironment(const EnvironmentPtr& environment) {
   environment_ = environment;
   if (old->layoutDirection != environment->layoutDirection) layoutDirty_ = true;
   // Hover and gestures end on what is disabled.
-  if (old->enabled != environment->enabled) tree_.visibilityMayHaveChanged();
+  if (old->enabled != environment->enabled) {
+    tree_.visibilityMayHaveChanged();
+    tree_.contentChanged();
+  }
   environmentChanged(*old);
   const EnvironmentPtr forChildren = childEnvironment();
   if (forChildren == oldForChildren) return;

@@ -18,11 +18,21 @@ int TextCache::fontNumber(const Font& font) {
   for (std::size_t i = 0; i < fonts_.size(); ++i) {
     if (fonts_[i].font == font) return static_cast<int>(i);
   }
+  fonts_.push_back(known(font));
+  return static_cast<int>(fonts_.size()) - 1;
+}
+
+TextCache::KnownFont TextCache::known(const Font& font) {
   const TextMeasurer& measurer = Platform::current().textMeasurer();
   const FontSpec resolved = font.resolve(measurer);
   const FontMetrics metrics = measurer.metrics(resolved);
-  fonts_.push_back({font, resolved, std::ceil(metrics.lineHeight), metrics.ascent});
-  return static_cast<int>(fonts_.size()) - 1;
+  return {font, resolved, std::ceil(metrics.lineHeight), metrics.ascent};
+}
+
+void TextCache::forget() {
+  young_.clear();
+  old_.clear();
+  for (KnownFont& font : fonts_) font = known(font.font);
 }
 
 const TextCache::Entry* TextCache::find(const Map& map, std::size_t hash, std::string_view text,

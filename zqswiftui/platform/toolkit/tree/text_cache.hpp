@@ -30,6 +30,8 @@ class TextCache {
 
   // Wrapped to the width; infinity for lines that end at line feeds only.
   TextSize measure(std::string_view text, int fontNumber, double width, int maxLines);
+  // Measures everything anew when it is asked for again; numbers of fonts stay.
+  void forget();
   std::uint64_t measured() const { return measured_; }
 
  private:
@@ -46,6 +48,7 @@ class TextCache {
     double lineHeight;
     double ascent;
   };
+  static KnownFont known(const Font& font);
   using Map = std::unordered_multimap<std::size_t, Entry>;
   TextSize compute(std::string_view text, int font, double width, int maxLines);
   static const Entry* find(const Map& map, std::size_t hash, std::string_view text, int font,

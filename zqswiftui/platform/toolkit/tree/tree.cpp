@@ -65,6 +65,23 @@ void Tree::setAppearance(const AppearanceValues& values) {
   requestFrame();
 }
 
+void Tree::fontsChanged() {
+  texts_.forget();
+  measureAgain(*root_);
+  addLayoutRoot(*root_);
+  damage_.add(root_->localBounds());
+}
+
+void Tree::measureAgain(Node& node) {
+  node.clearMeasured();
+  node.layoutDirty_ = true;
+  node.invalidatePicture();
+  node.forEachChild([&](Node& child) {
+    node.childInvalidated(child);
+    measureAgain(child);
+  });
+}
+
 void Tree::setVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;

@@ -29,6 +29,7 @@ class Tree {
   void setRoot(const View& view);
   void setSize(Size size);
   void setAppearance(const AppearanceValues& values);
+  void fontsChanged();
   void setVisible(bool visible);
   RootNode& root() const { return *root_; }
   HostDelegate& delegate() const { return delegate_; }
@@ -100,6 +101,7 @@ class Tree {
     Node* node;
     std::function<void(const Rect&)> listener;
   };
+  void measureAgain(Node& node);
   void tickAnimations();
   void applyRoot();
   bool applyMarks();

@@ -3,6 +3,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QUrl>
+#include <cmath>
 #include <utility>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/downloads.hpp>
@@ -11,6 +12,7 @@ namespace zq::qt {
 
 struct Downloads::Transfer {
   QNetworkReply* reply = nullptr;
+  QObject listener;  // our ends of the reply's signals; it has others that its abort relies on
   DelayedCallId timeLimit = 0;
   std::uint64_t sizeLimit = 0;
   std::string stopped;  // why we ended it ourselves
@@ -32,6 +34,10 @@ std::string errorOf(const QNetworkReply& reply) {
 Downloads::Downloads(zq::MainQueue& queue) : queue_(queue) {}
 
 Downloads::~Downloads() {
+  dropAll();
+}
+
+void Downloads::dropAll() {
   while (!transfers_.empty()) drop(transfers_.begin()->first);
 }
 
@@ -74,13 +80,14 @@ void Downloads::start(std::uint64_t id, const DownloadRequest& request,
   transfer->sizeLimit = request.sizeLimit;
   transfer->answer = std::move(answer);
   transfer->reply = network_->get(query);
-  if (request.timeLimit > 0) {
+  if (request.timeLimit > 0 && std::isfinite(request.timeLimit)) {
     transfer->timeLimit = queue_.postDelayed(
         request.timeLimit, [this, id] { stop(id, "The time limit has passed."); });
   }
   QNetworkReply* reply = transfer->reply;
+  QObject* listener = &transfer->listener;
   transfers_.emplace(id, std::move(transfer));
-  QObject::connect(reply, &QNetworkReply::readyRead, reply, [this, id, reply] {
+  QObject::connect(reply, &QNetworkReply::readyRead, listener, [this, id, reply] {
     Transfer& running = *transfers_.at(id);
     const QByteArray piece = reply->readAll();
     if (running.bytes.size() + static_cast<std::size_t>(piece.size()) > running.sizeLimit) {
@@ -88,7 +95,7 @@ void Downloads::start(std::uint64_t id, const DownloadRequest& request,
     }
     running.bytes.insert(running.bytes.end(), piece.begin(), piece.end());
   });
-  QObject::connect(reply, &QNetworkReply::finished, reply, [this, id] { finish(id); });
+  QObject::connect(reply, &QNetworkReply::finished, listener, [this, id] { finish(id); });
 }
 
 void Downloads::stop(std::uint64_t id, std::string error) {
@@ -116,7 +123,7 @@ void Downloads::drop(std::uint64_t id) {
   const std::unique_ptr<Transfer> transfer = std::move(found->second);
   transfers_.erase(found);
   queue_.cancel(transfer->timeLimit);
-  transfer->reply->disconnect();
+  QObject::disconnect(transfer->reply, nullptr, &transfer->listener, nullptr);
   transfer->reply->abort();
   transfer->reply->deleteLater();
 }

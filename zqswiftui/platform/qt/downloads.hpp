@@ -24,6 +24,9 @@ class Downloads final : public zq::Downloads {
   std::uint64_t fetch(DownloadRequest request, std::function<void(DownloadAnswer)> answer) override;
   void cancel(std::uint64_t id) override;
 
+  // Ends all that runs without an answer. Interface thread.
+  void dropAll();
+
  private:
   struct Transfer;
   void start(std::uint64_t id, const DownloadRequest& request,

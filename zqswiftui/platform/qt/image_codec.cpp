@@ -27,6 +27,26 @@ bool exceeds(QSize size, const DecodeLimits& limits) {
   return std::int64_t{size.width()} * size.height() > limits.maxPixels;
 }
 
+// Some readers fill what a cut file lacks with gray instead of refusing it.
+bool isCutJpeg(std::span<const std::uint8_t> file) {
+  if (file.size() < 4 || file[0] != 0xff || file[1] != 0xd8) return false;
+  // The blocks before the picture say how long they are, and may hold a whole smaller one.
+  std::size_t at = 2;
+  while (at + 4 <= file.size() && file[at] == 0xff && file[at + 1] != 0xda) {
+    at += 2 + std::size_t{file[at + 2]} * 256 + file[at + 3];
+  }
+  for (; at + 2 <= file.size(); ++at) {
+    if (file[at] == 0xff && file[at + 1] == 0xd9) return false;
+  }
+  return true;
+}
+
+bool isCutBmp(std::span<const std::uint8_t> file) {
+  if (file.size() < 6 || file[0] != 'B' || file[1] != 'M') return false;
+  const auto part = [&](std::size_t i) { return std::size_t{file[2 + i]} << (8 * i); };
+  return (part(0) | part(1) | part(2) | part(3)) > file.size();
+}
+
 Pixels toPixels(const QImage& image) {
   const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
   Pixels pixels{rgba.width(), rgba.height(), {}};
@@ -49,7 +69,9 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                             static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);
-  if (bytes.empty() || !buffer.open(QIODevice::ReadOnly)) return std::nullopt;
+  if (bytes.empty() || isCutJpeg(bytes) || isCutBmp(bytes) || !buffer.open(QIODevice::ReadOnly)) {
+    return std::nullopt;
+  }
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);

@@ -116,6 +116,7 @@ void MainQueue::run() {
     woken_ = false;
   }
   runDue();
+  armTimer();  // a modal loop inside posted work must see what comes due meanwhile
   runPosted();
   armTimer();
 }

@@ -138,6 +138,7 @@ std::optional<std::vector<std::string>> Pasteboard::urls() {
   std::vector<std::string> result;
   const QList<QUrl> list = mime->urls();
   for (const QUrl& url : list.first(std::min(list.size(), kMaxUrls))) {
+    if (!url.isValid() || url.isRelative()) continue;  // a comment of the list, or no URL
     result.push_back(url.toEncoded().toStdString());
   }
   if (result.empty()) return std::nullopt;

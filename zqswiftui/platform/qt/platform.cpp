@@ -19,6 +19,7 @@ Platform::~Platform() {
   ZQPressureTask::dropAll();
   background_.reset();
   // What is dropped may still ask for services as it goes.
+  downloads_.dropAll();
   mainQueue_.dropAll();
   uninstall();
 }

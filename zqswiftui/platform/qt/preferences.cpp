@@ -76,6 +76,7 @@ QString pathOrDefault(const QString& path) {
 Preferences::Preferences(zq::MainQueue& queue, const QString& path)
     : queue_(queue), file_(std::make_unique<QSettings>(pathOrDefault(path), QSettings::IniFormat)) {
   for (const QString& key : file_->allKeys()) {
+    if (key.isEmpty()) continue;  // of a damaged file
     if (auto value = decode(file_->value(key))) values_.emplace(keyOf(key), std::move(*value));
   }
 }

@@ -40,15 +40,21 @@ void HeadlessPasteboard::setUrls(std::vector<std::string> urls) {
 }
 
 void HeadlessPasteboard::readText(Answer<std::string> answer) {
-  queue_.post([content = text_, answer = std::move(answer)] { answer(content); });
+  queue_.post([content = text_, answer = std::move(answer)] {
+    if (answer) answer(content);
+  });
 }
 
 void HeadlessPasteboard::readImage(Answer<Bytes> answer) {
-  queue_.post([content = image_, answer = std::move(answer)] { answer(content); });
+  queue_.post([content = image_, answer = std::move(answer)] {
+    if (answer) answer(content);
+  });
 }
 
 void HeadlessPasteboard::readUrls(Answer<std::vector<std::string>> answer) {
-  queue_.post([content = urls_, answer = std::move(answer)] { answer(content); });
+  queue_.post([content = urls_, answer = std::move(answer)] {
+    if (answer) answer(content);
+  });
 }
 
 std::optional<PreferenceValue> HeadlessPreferences::value(std::string_view key) const {
@@ -90,11 +96,15 @@ void HeadlessFileDialogs::show(FileDialogRequest request,
     chosen = std::move(script_.front());
     script_.pop_front();
   }
-  queue_.post([chosen = std::move(chosen), answer = std::move(answer)] { answer(chosen); });
+  queue_.post([chosen = std::move(chosen), answer = std::move(answer)] {
+    if (answer) answer(chosen);
+  });
 }
 
 void HeadlessRecentDocuments::list(std::function<void(std::vector<std::string>)> answer) {
-  queue_.post([urls = urls_, answer = std::move(answer)] { answer(urls); });
+  queue_.post([urls = urls_, answer = std::move(answer)] {
+    if (answer) answer(urls);
+  });
 }
 
 void HeadlessRecentDocuments::add(std::string url) {
@@ -104,7 +114,7 @@ void HeadlessRecentDocuments::add(std::string url) {
 
 void HeadlessDragData::begin(DragItems items, std::function<void(DropResult)> ended) {
   if (items.empty() || ended_) {
-    queue_.post([ended = std::move(ended)] { ended(DropResult::refused); });
+    if (ended) queue_.post([ended = std::move(ended)] { ended(DropResult::refused); });
     return;
   }
   items_ = std::move(items);
@@ -200,8 +210,10 @@ std::uint64_t HeadlessDownloads::fetch(DownloadRequest request,
   if (request.timeLimit > 0 && row.delay > request.timeLimit) {
     row = {{{}, "the answer takes too long"}, request.timeLimit};
   }
-  return queue_.postDelayed(row.delay, [content = std::move(row.answer),
-                                        answer = std::move(answer)] { answer(content); });
+  return queue_.postDelayed(row.delay,
+                            [content = std::move(row.answer), answer = std::move(answer)] {
+                              if (answer) answer(content);
+                            });
 }
 
 void HeadlessDownloads::setAnswer(const std::string& url, DownloadAnswer answer,
@@ -230,7 +242,8 @@ std::optional<Pixels> HeadlessImageCodec::decode(std::span<const std::uint8_t> b
   if (pixels.width <= 0 || pixels.height <= 0) return std::nullopt;
   const std::int64_t count = std::int64_t{pixels.width} * pixels.height;
   const auto rows = bytes.subspan(lineEnd + 1);
-  if (count > limits.maxPixels || static_cast<std::int64_t>(rows.size()) / 4 != count) {
+  if (count > limits.maxPixels || rows.size() % 4 != 0 ||
+      static_cast<std::int64_t>(rows.size()) / 4 != count) {
     return std::nullopt;
   }
   pixels.rgba.assign(rows.begin(), rows.end());
@@ -238,8 +251,9 @@ std::optional<Pixels> HeadlessImageCodec::decode(std::span<const std::uint8_t> b
 }
 
 Bytes HeadlessImageCodec::encodePng(const Pixels& pixels) const {
-  if (pixels.rgba.size() / 4 !=
-      static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height)) {
+  if (pixels.width <= 0 || pixels.height <= 0 || pixels.rgba.size() % 4 != 0 ||
+      pixels.rgba.size() / 4 !=
+          static_cast<std::size_t>(pixels.width) * static_cast<std::size_t>(pixels.height)) {
     return {};
   }
   const std::string header =

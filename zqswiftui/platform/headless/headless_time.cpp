@@ -32,14 +32,14 @@ HeadlessTime::~HeadlessTime() {
 
 void HeadlessTime::post(std::function<void()> work) {
   const std::lock_guard lock(mutex_);
-  if (!closed_) posted_.push_back(std::move(work));
+  if (!closed_ && work) posted_.push_back(std::move(work));
 }
 
 DelayedCallId HeadlessTime::postDelayed(double seconds, std::function<void()> work) {
   const double delay = std::isfinite(seconds) ? std::max(seconds, 0.0) : 0.0;
   const DelayedCallId id = newDelayedCallId();
   const std::lock_guard lock(mutex_);
-  if (closed_) return id;
+  if (closed_ || !work) return id;
   const double deadline = now_ + delay;
   delayed_.emplace(Key{deadline, id}, std::move(work));
   deadlines_.emplace(id, deadline);

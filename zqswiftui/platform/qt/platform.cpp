@@ -1,21 +1,29 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QApplication>
 #include <zqswiftui/platform/base/pressure_task.hpp>
+#include <zqswiftui/platform/base/saves.hpp>
 #include <zqswiftui/platform/qt/accessibility.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
 
 namespace zq::qt {
+namespace {
+
+void writeWhatWaits() {
+  ZQPressureTask::flushAll();
+  Saves::finish();
+}
+
+}  // namespace
 
 Platform::Platform(QApplication& application) {
   installAccessibility();
   install();
   // What waits to be written is written while the event loop's services still stand.
-  QObject::connect(&application, &QCoreApplication::aboutToQuit, &application,
-                   [] { ZQPressureTask::flushAll(); });
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, writeWhatWaits);
 }
 
 Platform::~Platform() {
-  ZQPressureTask::flushAll();
+  writeWhatWaits();
   ZQPressureTask::dropAll();
   background_.reset();
   // What is dropped may still ask for services as it goes.

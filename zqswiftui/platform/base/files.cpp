@@ -115,7 +115,8 @@ Result<void> replaceFile(const std::string& path, std::string_view content) {
   const bool exists = ::stat(target.c_str(), &info) == 0;
   if (exists && !S_ISREG(info.st_mode)) return Error{"cannot write " + path + ": it is not a file"};
   // Renaming would go round a mark that is there to protect the content.
-  if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return systemError("cannot write", path);
+  if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+    return systemError("cannot write", path);
   const std::string folder = fs::path(target).parent_path().string();
   const std::string temporary =
       (fs::path(folder) / ("." + ZQId::newId("zq", "", true) + ".tmp")).string();

@@ -20,3 +20,4 @@
 #include <zqswiftui/layout/zq_tags_view.hpp>
 #include <zqswiftui/layout/zq_tokens_view.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
+#include <zqswiftui/settings/zq_config.hpp>

@@ -20,6 +20,7 @@
   PAGE(tags_view)              \
   PAGE(tokens_view)            \
   PAGE(deferred_bindings)      \
+  PAGE(settings)               \
   PAGE(text)                   \
   PAGE(stacks)                 \
   PAGE(shapes)                 \

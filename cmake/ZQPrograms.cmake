@@ -1,4 +1,6 @@
 # Programs are found by folder: apps/<name>, tools/<name>, and one for each file of examples/.
+# Who takes the library as a folder of their project gets the tools alone, built when needed:
+# zq_add_settings uses one.
 
 zq_stage(programs apps)
 zq_stage(programs tools)
@@ -9,6 +11,12 @@ function(zq_program folder name link)
   list(FILTER sources EXCLUDE REGEX "/${folder}/main\\.cpp$")
   if(NOT EXISTS "${PROJECT_SOURCE_DIR}/${folder}/main.cpp")
     return()
+  endif()
+  # What is there in two forms stands in with_qt and without_qt.
+  if(ZQ_QT)
+    list(FILTER sources EXCLUDE REGEX "/without_qt/")
+  else()
+    list(FILTER sources EXCLUDE REGEX "/with_qt/")
   endif()
   add_executable(${name} "${PROJECT_SOURCE_DIR}/${folder}/main.cpp")
   zq_warnings(${name})
@@ -25,14 +33,29 @@ function(zq_program folder name link)
   target_link_libraries(${name} PRIVATE ${link})
 endfunction()
 
-file(GLOB mains CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-  "${PROJECT_SOURCE_DIR}/apps/*/main.cpp" "${PROJECT_SOURCE_DIR}/tools/*/main.cpp")
-foreach(main IN LISTS mains)
+file(GLOB tools CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+  "${PROJECT_SOURCE_DIR}/tools/*/main.cpp")
+foreach(main IN LISTS tools)
   cmake_path(GET main PARENT_PATH folder)
   cmake_path(GET folder FILENAME name)
-  if(folder MATCHES "^tools/")
-    zq_program(${folder} ${name} ZQSwiftUI::Core)
-  elseif(ZQ_QT)
+  zq_program(${folder} ${name} $<IF:$<BOOL:${ZQ_QT}>,ZQSwiftUI::Qt,ZQSwiftUI::Core>)
+  # A tool shows nothing: what it does not use of Qt is not even loaded.
+  target_link_options(${name} PRIVATE LINKER:--as-needed)
+  add_executable(ZQSwiftUI::${name} ALIAS ${name})
+  if(NOT ZQ_PROGRAMS)
+    set_target_properties(${name} ${name}-parts PROPERTIES EXCLUDE_FROM_ALL TRUE)
+  endif()
+endforeach()
+if(NOT ZQ_PROGRAMS)
+  return()
+endif()
+
+file(GLOB apps CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+  "${PROJECT_SOURCE_DIR}/apps/*/main.cpp")
+foreach(main IN LISTS apps)
+  cmake_path(GET main PARENT_PATH folder)
+  cmake_path(GET folder FILENAME name)
+  if(ZQ_QT)
     zq_program(${folder} zq-${name} ZQSwiftUI::Qt)
   endif()
 endforeach()

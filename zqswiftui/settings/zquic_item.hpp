@@ -6,17 +6,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <zqswiftui/settings/zquic_point_size.hpp>
 #include <zqswiftui/settings/zquic_record_type.hpp>
 
 namespace zq {
-
-// A point or a size, in whatever unit its reader takes it to be.
-struct ZQUICPointSize {
-  double x = 0;
-  double y = 0;
-  static constexpr ZQUICPointSize zero() { return {}; }
-  bool operator==(const ZQUICPointSize&) const = default;
-};
 
 // A text that tells a project, a group or an item from all others.
 std::string newSettingsId();

@@ -1,0 +1,90 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/platform/base/identifier_letters.hpp>
+#include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/settings/cpp_literal.hpp>
+
+namespace zq {
+
+namespace {
+
+constexpr std::size_t widestLine = 98;
+constexpr std::size_t narrowestPiece = 40;
+constexpr std::size_t longestKeptWord = 12;
+// A literal's own size is counted one by one where it is asked for at compile time.
+constexpr std::size_t longestCounted = 4000;
+constexpr std::size_t longestComment = 60;
+
+bool isPrintable(char32_t c) {
+  return (c >= 0x20 && c < 0x7F) || (c >= 0x80 && isIdentifierLetter(c));
+}
+
+// Three digits, so that a digit that follows is not taken for a fourth.
+void appendOctal(std::string& code, std::string_view bytes) {
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    code += '\\';
+    for (const unsigned shift : {6u, 3u, 0u})
+      code += static_cast<char>('0' + ((byte >> shift) & 7u));
+  }
+}
+
+// `afterQuestion`: two question marks in a row may begin another character.
+void appendCharacter(std::string& code, char32_t c, std::string_view bytes, bool afterQuestion) {
+  if (c == U'\n') {
+    code += "\\n";
+  } else if (c == U'\t') {
+    code += "\\t";
+  } else if (!isPrintable(c)) {
+    appendOctal(code, bytes);
+  } else {
+    if (c == U'"' || c == U'\\' || (c == U'?' && afterQuestion)) code += '\\';
+    code += bytes;
+  }
+}
+
+std::string literal(std::string_view text, std::size_t column) {
+  const std::size_t room =
+      column + narrowestPiece < widestLine ? widestLine - column : narrowestPiece;
+  std::string code = "\"";
+  std::size_t begin = 0;  // of the line's piece
+  char32_t last = 0;
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t size = code.size() - begin;
+    // Rather between words than within one.
+    const bool full = size > room || (last == U' ' && size + longestKeptWord > room);
+    if (last == U'\n' || full) {
+      code.append("\"\n").append(column, ' ').append("\"");
+      begin = code.size() - 1;
+    }
+    const std::size_t before = position;
+    const char32_t c = nextScalar(text, position);
+    appendCharacter(code, c, text.substr(before, position - before), last == U'?');
+    last = c;
+  }
+  return code + "\"";
+}
+
+}  // namespace
+
+std::string cppText(std::string_view text, std::size_t column) {
+  const bool ownSize = text.size() > longestCounted || text.find('\0') != std::string_view::npos;
+  if (!ownSize) return literal(text, column);
+  return "{" + literal(text, column + 1) + ", " + std::to_string(text.size()) + "}";
+}
+
+std::string cppComment(std::string_view text) {
+  std::string comment = "\"";
+  for (std::size_t position = 0; position < text.size();) {
+    if (comment.size() > longestComment) {
+      comment += " ...";
+      break;
+    }
+    const std::size_t before = position;
+    const char32_t c = nextScalar(text, position);
+    const bool plain = isPrintable(c) && c != U'\\';
+    comment += plain ? text.substr(before, position - before) : std::string_view(" ");
+  }
+  return comment + "\"";
+}
+
+}  // namespace zq

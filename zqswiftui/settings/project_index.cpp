@@ -1,15 +1,14 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <bit>
 #include <functional>
+#include <memory>
 #include <utility>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/settings/project_index.hpp>
 
 namespace zq {
 
-void TokenTable::reserve(std::size_t count) {
-  entries_.assign(std::bit_ceil(2 * count + 1), {});
-}
+TokenTable::TokenTable(std::size_t most) : entries_(std::bit_ceil(2 * most + 1)) {}
 
 // The slot of the token, or the empty one where it would stand.
 std::size_t TokenTable::slotOf(std::string_view token, std::size_t hash) const {
@@ -37,8 +36,7 @@ std::optional<std::size_t> TokenTable::find(std::string_view token) const {
 }
 
 ProjectIndex::ProjectIndex(const std::vector<ZQUICGroup>& groups)
-    : groups_(groups), keys_(groups.size()) {
-  names_.reserve(groups.size());
+    : groups_(groups), names_(groups.size()), keys_(groups.size()) {
   for (std::size_t i = 0; i < groups.size(); ++i) names_.add(groups[i].name, i);
 }
 
@@ -46,12 +44,12 @@ const ZQUICItem* ProjectIndex::find(std::string_view key, std::string_view group
   const auto place = names_.find(group);
   if (!place) return nullptr;
   const std::vector<ZQUICItem>& items = groups_[*place].itemList;
-  Keys& keys = keys_[*place];
-  std::call_once(keys.made, [&keys, &items] {
-    keys.table.reserve(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i) keys.table.add(items[i].key, i);
+  const TokenTable& keys = keys_[*place].get([&items] {
+    auto table = std::make_unique<TokenTable>(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) table->add(items[i].key, i);
+    return table;
   });
-  const auto found = keys.table.find(key);
+  const auto found = keys.find(key);
   return found ? &items[*found] : nullptr;
 }
 

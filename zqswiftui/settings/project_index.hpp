@@ -3,11 +3,11 @@
 
 #include <cstddef>
 #include <deque>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+#include <zqswiftui/platform/base/made_once.hpp>
 #include <zqswiftui/settings/zquic_group.hpp>
 
 namespace zq {
@@ -16,7 +16,7 @@ namespace zq {
 class TokenTable {
  public:
   // Empty, for at most so many names.
-  void reserve(std::size_t count);
+  explicit TokenTable(std::size_t most);
   void add(const std::string& name, std::size_t place);
   std::optional<std::size_t> find(std::string_view token) const;
 
@@ -43,13 +43,9 @@ class ProjectIndex {
   const ZQUICItem* find(std::string_view key, std::string_view group) const;
 
  private:
-  struct Keys {
-    std::once_flag made;
-    TokenTable table;
-  };
   const std::vector<ZQUICGroup>& groups_;
   TokenTable names_;
-  mutable std::deque<Keys> keys_;  // of each group
+  std::deque<MadeOnce<TokenTable>> keys_;  // of each group
 };
 
 }  // namespace zq

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <cstdio>
-#include <mutex>
 #include <utility>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/saves.hpp>
@@ -28,8 +27,7 @@ Result<void> writeText(const Url& url, const std::string& text) {
 
 struct ZQUICProject::Content {
   std::vector<ZQUICGroup> groups;
-  std::once_flag indexed;
-  std::unique_ptr<const ProjectIndex> index;
+  MadeOnce<ProjectIndex> index;
 };
 
 ZQUICProject::ZQUICProject() : id(newSettingsId()), content_(std::make_shared<Content>()) {}
@@ -85,11 +83,10 @@ std::size_t ZQUICProject::itemCount() const {
 }
 
 const ZQUICItem* ZQUICProject::itemForKey(std::string_view key, std::string_view inGroup) const {
-  Content& content = *content_;
-  std::call_once(content.indexed, [&content] {
-    content.index = std::make_unique<const ProjectIndex>(content.groups);
-  });
-  return content.index->find(key, inGroup);
+  const Content& content = *content_;
+  return content.index
+      .get([&content] { return std::make_unique<const ProjectIndex>(content.groups); })
+      .find(key, inGroup);
 }
 
 std::optional<std::int64_t> ZQUICProject::intForKey(std::string_view key,

@@ -4,6 +4,7 @@
 #include <memory>
 #include <zqswiftui/platform/base/thread_pool.hpp>
 #include <zqswiftui/platform/qt/bundle.hpp>
+#include <zqswiftui/platform/qt/bus_notifications.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
 #include <zqswiftui/platform/qt/downloads.hpp>
 #include <zqswiftui/platform/qt/file_dialogs.hpp>
@@ -48,7 +49,7 @@ class Platform final : public zq::Platform {
  private:
   Clock clock_;
   MainQueue mainQueue_;
-  LocalNotifications notifications_{mainQueue_};
+  BusNotifications notifications_{mainQueue_};
   Pasteboard pasteboard_{mainQueue_};
   NoDragData dragData_{mainQueue_};
   FileDialogs fileDialogs_;

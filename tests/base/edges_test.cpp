@@ -193,6 +193,7 @@ TEST(CacheEdges, manyThreadsSeeOneValue) {
   ZQCache cache;
   std::vector<std::thread> threads;
   std::atomic<int> wrong{0};
+  threads.reserve(8);
   for (int t = 0; t < 8; ++t) {
     threads.emplace_back([&] {
       for (int i = 0; i < 200; ++i) {

@@ -142,8 +142,8 @@ struct Busy {
     *step = context.state(0);
     const int n = ***step;
     auto open = context.state(true);
-    std::vector<int> numbers;
-    for (int i = 0; i < 300; ++i) numbers.push_back((i * (n + 1)) % 997);
+    std::vector<int> numbers(300);
+    for (std::size_t i = 0; i < numbers.size(); ++i) numbers[i] = static_cast<int>(i) * (n + 1);
     const View nested = View(Text("anchor")).popover(open.binding(), TextField("field", {}));
     return VStack({Text(context.observe(model).text.get()).opacity(n % 2 ? 0.2 : 1).offset(n, 0),
                    nested.popover(open.binding(), nested), ProgressView(),

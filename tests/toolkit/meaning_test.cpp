@@ -92,6 +92,7 @@ TEST(Meaning, idsStayWithTheirRowsAndAreNeverGivenAgain) {
   const auto names = std::make_shared<Names>();
   int pressed = 0;
   std::vector<std::string> many;
+  many.reserve(401);
   for (int i = 0; i < 400; ++i) many.push_back("row " + std::to_string(i));
   names->all = many;
   Harness h(List{names, &pressed}, {100, 100});

@@ -51,6 +51,7 @@ View layered(const Knobs& k) {
 
 View list(const Knobs& k) {
   std::vector<std::string> names;
+  names.reserve(20);
   for (int i = 0; i < 2 + 3 * k[11]; ++i) names.push_back(std::to_string((i * (1 + k[12])) % 17));
   return ScrollView(VStack({.spacing = 0},
                            {ForEach(names, [](const std::string& name) { return Text(name); })}),

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <string>
 #include <tests/toolkit/painted_host.hpp>
 #include <vector>
@@ -23,8 +24,8 @@ View pinned(const View& view) {
       {.maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading()});
 }
 View rows(int count, double width = 30) {
-  std::vector<int> numbers;
-  for (int i = 0; i < count; ++i) numbers.push_back(i);
+  std::vector<int> numbers(static_cast<std::size_t>(count));
+  std::iota(numbers.begin(), numbers.end(), 0);
   return VStack(
       {.spacing = 0},
       {ForEach(numbers, [width](int i) { return Text(std::to_string(i)).frame(width, 10); })});

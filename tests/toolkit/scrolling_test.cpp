@@ -12,6 +12,7 @@ namespace {
 // Rows of 20 points: "0", "1", …
 std::vector<View> rowViews(int count, double width) {
   std::vector<View> rows;
+  rows.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     rows.push_back(View(Text(std::to_string(i))).frame(width, 20).id("row" + std::to_string(i)));
   }
@@ -129,6 +130,7 @@ TEST(Scrolling, oneInAnotherTakesTheWheelUntilItIsAtItsEnd) {
 
 TEST(Scrolling, focusIsBroughtIntoViewThroughBoth) {
   std::vector<View> buttons;
+  buttons.reserve(10);
   for (int i = 0; i < 10; ++i) buttons.push_back(Button([] {}, Text(std::to_string(i))));
   const View inner = ScrollView(VStack(buttons)).frame(60, 80);
   Harness h(ScrollView(VStack(
@@ -186,6 +188,7 @@ TEST(Scrolling, sidewaysAndBothWays) {
 TEST(Scrolling, whatIsPressedIsWhatShowsThere) {
   std::string log;
   std::vector<View> rows;
+  rows.reserve(20);
   for (int i = 0; i < 20; ++i) {
     rows.push_back(
         View(Color::red()).frame(40, 20).onTap([&log, i] { log += std::to_string(i) + ' '; }));
@@ -208,6 +211,7 @@ TEST(Scrolling, whatIsPressedIsWhatShowsThere) {
 TEST(Scrolling, aPressedRowThatScrollsAwayIsNotPressed) {
   int pressed = 0;
   std::vector<View> rows;
+  rows.reserve(20);
   for (int i = 0; i < 20; ++i) rows.push_back(Button([&] { ++pressed; }, Text("b")).frame(40, 20));
   Harness h(ScrollView(VStack({.spacing = 0}, rows)), {40, 60});
   h.press({20, 30});

@@ -89,7 +89,8 @@ class View : public ViewModifiers<View> {
     if (value_) value_->references_.fetch_add(1, std::memory_order_relaxed);
   }
   void release() {
-    if (value_ && value_->references_.fetch_sub(1, std::memory_order_acq_rel) == 1) delete value_;
+    if (!value_ || value_->references_.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+    delete value_;  // NOLINT(clang-analyzer-cplusplus.NewDelete): it cannot follow the count
   }
   const ViewValue* value_ = nullptr;
 };

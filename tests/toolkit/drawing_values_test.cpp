@@ -238,8 +238,8 @@ TEST(Fonts, badSizesAreThoseOfTheBodyAndTraitsAddUp) {
     EXPECT_EQ(Font::system(bad).resolve(measurer).size, body);
     EXPECT_EQ(Font::custom("DejaVu Sans", bad).resolve(measurer).family, "DejaVu Sans");
   }
-  const FontSpec spec = Font::custom("Mono", 9).bold().italic().monospaced().resolve(measurer);
-  EXPECT_EQ(describe(spec), "Mono 9 bold italic monospaced");
+  const FontSpec font = Font::custom("Mono", 9).bold().italic().monospaced().resolve(measurer);
+  EXPECT_EQ(describe(font), "Mono 9 bold italic monospaced");
   EXPECT_EQ(Font::custom("Mono", 9), Font::custom(std::string("Mo") + "no", 9));
   EXPECT_FALSE(Font::custom("Mono", 9) == Font::custom("mono", 9));
   EXPECT_EQ(Font::caption().weight(Font::Weight::semibold).resolve(measurer).weight, 600);

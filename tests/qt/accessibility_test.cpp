@@ -50,6 +50,7 @@ struct Model {
 
 View described(const Model& model) {
   std::vector<View> rows;
+  rows.reserve(static_cast<std::size_t>(model.buttons) + 4);
   for (int i = 0; i < model.buttons; ++i) {
     rows.push_back(Button([] {}, Text("Button " + std::to_string(i)))
                        .frame(120, 20)

@@ -200,8 +200,8 @@ TEST(HostAppearance, aStyleThatKeepsStillIsHeardWhenItComes) {
   auto host = shown(Text("any"), {50, 50});
   ASSERT_FALSE(appearance.values().reducedMotion);
   const QString before = QApplication::style()->name();
-  QApplication::setStyle(new StillStyle(before));
-  EXPECT_TRUE(appearance.values().reducedMotion);
+  QApplication::setStyle(new StillStyle(before));  // the application takes it: NOLINT
+  EXPECT_TRUE(appearance.values().reducedMotion);  // NOLINT: nothing leaks
   QApplication::setStyle(before);
   EXPECT_FALSE(appearance.values().reducedMotion);
 }

@@ -100,7 +100,7 @@ TEST(QtImageFiles, aDrawingIsReadAtItsSize) {
   ASSERT_TRUE(pixels);
   EXPECT_EQ(pixels->width, 20);
   EXPECT_EQ(pixels->height, 10);
-  EXPECT_EQ(pixels->rgba[4 * 105], 255);
+  EXPECT_EQ(pixels->rgba[std::size_t{4} * 105], 255);
 }
 
 // The file's Exif block, with nothing but the orientation.
@@ -134,9 +134,9 @@ TEST(QtImageFiles, photographsAreTurnedUprightAlsoWhenTheyAreReduced) {
       EXPECT_EQ(pixels->width, row.turned ? longer / 2 : longer) << int{row.orientation};
       EXPECT_EQ(pixels->height, row.turned ? longer : longer / 2) << int{row.orientation};
       const auto at = [&](double x, double y) {
-        return pixels->rgba[static_cast<std::size_t>(
-            4 * (static_cast<int>(y * pixels->height) * pixels->width +
-                 static_cast<int>(x * pixels->width)))];
+        const auto column = static_cast<std::size_t>(x * pixels->width);
+        const auto line = static_cast<std::size_t>(y * pixels->height);
+        return pixels->rgba[4 * (line * static_cast<std::size_t>(pixels->width) + column)];
       };
       EXPECT_LT(at(row.darkX, row.darkY), 60) << int{row.orientation};
       EXPECT_GT(at(1 - row.darkX, 1 - row.darkY), 200) << int{row.orientation};
@@ -290,6 +290,7 @@ TEST_F(QtSettingsFile, extremeValuesAndKeysComeBackAsTheyWere) {
 TEST_F(QtSettingsFile, changesOfAMomentAreWrittenTogetherAndLeaveNoOtherFiles) {
   Preferences preferences(platform().mainQueue(), path_);
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int t = 0; t < 4; ++t) {
     threads.emplace_back([&preferences, t] {
       for (int i = 0; i < 50; ++i) {
@@ -409,6 +410,7 @@ TEST(QtMainQueue, whatIsPostedAndDroppedWhileItEndsIsFreed) {
   for (int i = 0; i < 50; ++i) {
     auto queue = std::make_unique<MainQueue>();
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int t = 0; t < 8; ++t) {
       threads.emplace_back([&queue, alive] {
         for (int n = 0; n < 20; ++n) {

@@ -215,17 +215,17 @@ std::string umbrella(const ZQUICProject& project, const CppOptions& options,
 // number, for file systems disagree about those.
 std::string fileStem(std::string_view name) {
   std::string stem;
+  bool wordMayEnd = false;
   for (std::size_t position = 0; position < name.size() && stem.size() < longestFileName;) {
     const char32_t c = nextScalar(name, position);
     const bool capital = c >= U'A' && c <= U'Z';
     if (c >= 0x80) {
       stem += "u" + std::to_string(static_cast<unsigned>(c));
-      continue;
+    } else {
+      if (capital && wordMayEnd) stem += '_';
+      stem += static_cast<char>(capital ? c + 32 : c);
     }
-    const char last = stem.empty() ? '_' : stem.back();
-    const bool wordEnds = (last >= 'a' && last <= 'z') || (last >= '0' && last <= '9');
-    if (capital && wordEnds) stem += '_';
-    stem += static_cast<char>(capital ? c + 32 : c);
+    wordMayEnd = !capital && c != U'_';
   }
   return allowedCppName(stem);
 }

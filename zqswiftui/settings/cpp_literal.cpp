@@ -1,5 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
-#include <zqswiftui/platform/base/identifier_letters.hpp>
+#include <algorithm>
+#include <array>
+#include <utility>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/settings/cpp_literal.hpp>
 
@@ -14,8 +16,19 @@ constexpr std::size_t longestKeptWord = 12;
 constexpr std::size_t longestCounted = 4000;
 constexpr std::size_t longestComment = 60;
 
+// Beyond ASCII what is not seen, what turns the direction of a line, and what may stand for
+// bytes that are no character.
+constexpr std::array hidden{
+    std::pair{0x7F, 0xA0},     std::pair{0xAD, 0xAD},     std::pair{0x61C, 0x61C},
+    std::pair{0x180E, 0x180E}, std::pair{0x2000, 0x200F}, std::pair{0x2028, 0x202F},
+    std::pair{0x205F, 0x206F}, std::pair{0x3000, 0x3000}, std::pair{0xE000, 0xF8FF},
+    std::pair{0xFEFF, 0xFEFF}, std::pair{0xFFF0, 0xFFFF}, std::pair{0xE0000, 0x10FFFF}};
+
 bool isPrintable(char32_t c) {
-  return (c >= 0x20 && c < 0x7F) || (c >= 0x80 && isIdentifierLetter(c));
+  if (c < 0x7F) return c >= 0x20;
+  const auto code = static_cast<int>(c);
+  return std::ranges::none_of(
+      hidden, [code](const auto& range) { return code >= range.first && code <= range.second; });
 }
 
 // Three digits, so that a digit that follows is not taken for a fourth.

@@ -70,4 +70,12 @@ foreach(example IN LISTS examples)
   add_executable(example_${name} ${example})
   target_link_libraries(example_${name} PRIVATE $<IF:${with_qt},ZQSwiftUI::Qt,ZQSwiftUI::Core>)
   zq_warnings(example_${name})
+  # An example with settings reads their file beside it, where they can be edited by hand.
+  set(settings "${PROJECT_SOURCE_DIR}/examples/${name}.zquic")
+  if(EXISTS "${settings}")
+    zq_add_settings(example_${name} "${settings}" CLASS ExampleSettings)
+    add_custom_command(TARGET example_${name} POST_BUILD
+      COMMAND "${CMAKE_COMMAND}" -E copy_if_different "${settings}"
+              "$<TARGET_FILE_DIR:example_${name}>/${name}.zquic")
+  endif()
 endforeach()

@@ -38,6 +38,17 @@ class PrivateBus {
     daemon_.kill();
     daemon_.waitForFinished();
   }
+  // How many rules of all connections hold the text.
+  static qsizetype rulesWith(const QByteArray& text) {
+    QProcess asking;
+    asking.start(
+        QStringLiteral("dbus-send"),
+        {QStringLiteral("--session"), QStringLiteral("--print-reply"),
+         QStringLiteral("--dest=org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+         QStringLiteral("org.freedesktop.DBus.Debug.Stats.GetAllMatchRules")});
+    asking.waitForFinished();
+    return asking.readAllStandardOutput().count(text);
+  }
   // Lets it live and not answer.
   void hold() { ::kill(static_cast<pid_t>(daemon_.processId()), SIGSTOP); }
 

@@ -24,10 +24,6 @@ constexpr int kLookAgainMilliseconds = 100;
 // While a notification waits to be sent it may keep a file open, of which a process has few.
 constexpr int kMostUnconfirmed = 64;
 
-// More than can wait: what arrives is taken off at once, and a connection that has reached
-// its limit would not hear the answer that it waits for.
-constexpr long kMostReceived = 1L << 30;
-
 class BusError {
  public:
   BusError() { dbus_error_init(&error_); }
@@ -76,7 +72,6 @@ std::unique_ptr<BusConnection> BusConnection::open(Heard heard, const std::atomi
 BusConnection::BusConnection(DBusConnection* bus, Heard heard, const std::atomic<bool>& ending)
     : bus_(bus), heard_(std::move(heard)), ending_(ending) {
   dbus_connection_set_exit_on_disconnect(bus_, FALSE);
-  dbus_connection_set_max_received_size(bus_, kMostReceived);
   const auto filter = [](DBusConnection*, DBusMessage* message, void* self) {
     if (!isNotification(*message)) return DBUS_HANDLER_RESULT_NOT_YET_HANDLED;
     static_cast<BusConnection*>(self)->take(*message);
@@ -172,6 +167,7 @@ void BusConnection::wait(int otherFile, int milliseconds) {
   dispatch();
 }
 
+// What arrived is taken off at once: a connection in which too much waits is not read.
 void BusConnection::dispatch() {
   while (dbus_connection_dispatch(bus_) == DBUS_DISPATCH_DATA_REMAINS) {
   }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# clang-tidy over the library and the apps, as many files at once as there are cores. A file
-# found clean is not read again until it, or anything it includes, or the rules change.
+# clang-tidy over the library, the apps and the tools, as many files at once as there are cores.
+# A file found clean is not read again until it, or anything it includes, or the rules change.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/shell.sh"
 [[ -f build/clang/compile_commands.json ]] || configure clang
@@ -28,6 +28,6 @@ export -f check_one
 
 mkdir -p build/clang/tidy
 sources=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/clang/compile_commands.json |
-  sed -nE "s#^$root/((zqswiftui|apps)/.*)#\1#p" | sort -u)
+  sed -nE "s#^$root/((zqswiftui|apps|tools)/.*)#\1#p" | sort -u)
 [[ -n $sources ]] || fail "There is nothing to read: build/clang names no source of ours."
 xargs -r -d '\n' -P "$jobs" -n 1 bash -c 'check_one "$1"' tidy <<<"$sources"

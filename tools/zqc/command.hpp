@@ -33,7 +33,7 @@ struct Command {
   std::string_view operands;  // as the help shows them
   std::string_view summary;
   std::string_view details;
-  std::vector<Option> options;
+  std::span<const Option> options;
   std::size_t fewest;
   std::size_t most;
   int (*run)(const Session& session, const Arguments& arguments);

@@ -14,3 +14,10 @@ foreach(fuzzer IN LISTS fuzzers)
     RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/fuzz")
   zq_warnings(fuzz_${name})
 endforeach()
+
+# Generated source is compiled, against a stand-in for the store.
+if(TARGET fuzz_cpp_generator)
+  target_compile_definitions(fuzz_cpp_generator PRIVATE
+    ZQ_COMPILER="${CMAKE_CXX_COMPILER}" ZQ_STAND_IN="${PROJECT_SOURCE_DIR}/fuzz/stand_in"
+    ZQ_INCLUDE="${ZQ_FLOOR_ROOT}/components")
+endif()

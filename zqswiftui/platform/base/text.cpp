@@ -32,7 +32,7 @@ bool isDigit(char32_t c) {
 }
 
 char32_t upperScalar(char32_t c) {
-  for (const char32_t distance : {32, 1, 80}) {
+  for (const char32_t distance : {char32_t{32}, char32_t{1}, char32_t{80}}) {
     if (c > distance && lowerScalar(c - distance) == c) return c - distance;
   }
   return c;

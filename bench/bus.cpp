@@ -86,8 +86,10 @@ void listenToFiles(int socket) {
     alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
     msghdr message{nullptr, 0, &part, 1, control.data(), control.size(), 0};
     if (::recvmsg(socket, &message, MSG_CMSG_CLOEXEC) <= 0) return;
+    const cmsghdr* header = CMSG_FIRSTHDR(&message);
+    if (header == nullptr) return;
     int descriptor = -1;
-    std::memcpy(&descriptor, CMSG_DATA(CMSG_FIRSTHDR(&message)), sizeof(int));
+    std::memcpy(&descriptor, CMSG_DATA(header), sizeof(int));
     const zq::qt::OwnedFile file(descriptor);
     benchmark::DoNotOptimize(zq::qt::readSealedMemoryFile(descriptor, size, size));
     say(socket, now());

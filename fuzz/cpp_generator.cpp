@@ -19,7 +19,7 @@ bool compiles(const std::string& code, const std::string& options) {
       ZQ_COMPILER
       " -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror"
       " -I" ZQ_STAND_IN " -I" ZQ_INCLUDE " " +
-      options + " -x c++ -";
+      options + " -x c++-header -";
   std::FILE* const compiler = ::popen(command.c_str(), "w");
   require(compiler != nullptr);
   std::fwrite(code.data(), 1, code.size(), compiler);

@@ -149,6 +149,11 @@ TEST(ProjectJson, theLastOfTwoEqualKeysHolds) {
   ASSERT_EQ(project.groupList().size(), 1u);
   EXPECT_EQ(project.groupList()[0].name, "d");
   EXPECT_THAT(decoded(R"({"groupList":[{}],"groupList":null})").groupList(), IsEmpty());
+  ProjectPlaces places;
+  EXPECT_TRUE(decodeEverything(R"({"groupList":[{"itemList":[{}],"itemList":1}]})", places).ok());
+  EXPECT_THAT(places.groups[0].items, IsEmpty());
+  EXPECT_TRUE(decodeEverything(R"({"groupList":[{}],"groupList":null})", places).ok());
+  EXPECT_THAT(places.groups, IsEmpty());
 }
 
 TEST(ProjectJson, whatIsFlaggedGoesAndWhatIsNoObjectIsLeftOut) {

@@ -5,15 +5,13 @@
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/settings/cpp_literal.hpp>
 #include <zqswiftui/settings/project_check.hpp>
+#include <zqswiftui/settings/project_kinds.hpp>
 
 namespace zq {
 
 namespace {
 
-struct Found {
-  std::size_t offset;
-  std::string sentence;
-};
+using Found = TextFinding;
 
 std::string quoted(std::string_view text) {
   return cppComment(text);
@@ -55,7 +53,8 @@ class Lines {
 
 class Check {
  public:
-  Check(const Lines& lines, const ProjectPlaces& places) : lines_(lines), places_(places) {}
+  Check(const Lines& lines, const ProjectPlaces& places, std::vector<Found> found)
+      : lines_(lines), places_(places), found_(std::move(found)) {}
 
   std::vector<Found> of(const ZQUICProject& project) {
     const auto& groups = project.groupList();
@@ -152,7 +151,7 @@ Result<std::vector<ProjectFinding>> checkProject(std::string_view json) {
   if (!project.ok()) return project.error();
   Lines lines(json);
   std::vector<ProjectFinding> findings;
-  for (Found& found : Check(lines, places).of(project.value())) {
+  for (Found& found : Check(lines, places, findWrongKinds(json)).of(project.value())) {
     findings.push_back({lines.next(found.offset), std::move(found.sentence)});
   }
   return findings;

@@ -17,8 +17,8 @@ struct ProjectFinding {
 
 // What the form of a file allows and the rest of the system cannot serve: names without a
 // letter, groups hidden behind others, properties of one name, ids that come twice, texts that
-// break the Swift source, entries that are gone at the next save. In the order of the text; an
-// error where it is no project. Any thread.
+// break the Swift source, entries that are gone at the next save, values of a kind that their
+// key does not take. In the order of the text; an error where it is no project. Any thread.
 Result<std::vector<ProjectFinding>> checkProject(std::string_view json);
 
 }  // namespace zq

@@ -173,8 +173,7 @@ void ProjectReader::setProject(const JsonScalar& value) {
       project.configSwiftFileUrl = urlOf(value);
       return;
     case projectGroups:
-      groups_.clear();
-      return;
+      return clearGroups();
     case projectVariable:
       project.environmentObjectVarName = textOr(value, fallbackVariable);
       return;
@@ -207,8 +206,7 @@ void ProjectReader::setGroup(const JsonScalar& value) {
       group().name = textOr(value, fallbackGroupName);
       return;
     case groupItems:
-      group().itemList.clear();
-      return;
+      return clearItems();
     case groupExpanded:
       group().expanded = flagOr(value, true);
       return;
@@ -300,18 +298,26 @@ bool ProjectReader::enterObject(std::size_t offset) {
 
 bool ProjectReader::enterArray() {
   if (level_ == Level::project && field_ == projectGroups) {
-    groups_.clear();
-    if (places_ != nullptr) places_->groups.clear();
+    clearGroups();
     level_ = Level::groups;
     return true;
   }
   if (level_ == Level::group && field_ == groupItems) {
-    group().itemList.clear();
-    if (places_ != nullptr) places_->groups.back().items.clear();
+    clearItems();
     level_ = Level::items;
     return true;
   }
   return false;
+}
+
+void ProjectReader::clearGroups() {
+  groups_.clear();
+  if (places_ != nullptr) places_->groups.clear();
+}
+
+void ProjectReader::clearItems() {
+  group().itemList.clear();
+  if (places_ != nullptr) places_->groups.back().items.clear();
 }
 
 void ProjectReader::leave() {

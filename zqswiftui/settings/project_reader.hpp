@@ -47,6 +47,8 @@ class ProjectReader {
   void setId(std::string& id, bool& has, const JsonScalar& value);
   bool enterObject(std::size_t offset);
   bool enterArray();
+  void clearGroups();
+  void clearItems();
   void endPoint();
   void endItem();
   void endGroup();

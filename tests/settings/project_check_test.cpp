@@ -67,21 +67,22 @@ TEST(ProjectCheck, tellsWhatIsReadAsIfItWereNotThere) {
                R"({"name": 7, "expanded": null, "note": [{"id": 1}],
 "defaultIntValue": 1.5,
 "groupList": [17, {"name": "g", "expanded": "no", "itemList": [
-  {"key": "a", "type": "float", "doubleValue": 1e999},
+  {"key": "a", "type": "float", "doubleValue": "4"},
   {"key": "b", "type": "int", "intValue" :  {"x": 1}, "pointValue": {"x": 1, "y": "2"}},
   {"key": "c", "type": 1, "intValue": 2.0, "doubleValue": 2, "boolValue": 0, "stringValue": []},
-  [] ]}]})"),
-      ElementsAre("1:14: \"name\" wants a text: this is as if it were not there",
+  [], {"key": "d", "doubleValue": 1e999}, []]}]})"),
+      ElementsAre("1:11: \"name\" wants a text: this is as if it were not there",
                   HasSubstr("2:20: \"defaultIntValue\" wants a whole number of 64 bits"),
                   "3:16: this entry of the list is no object: it is not read",
-                  HasSubstr("3:43: \"expanded\" wants true or false"),
+                  HasSubstr("3:45: \"expanded\" wants true or false"),
                   HasSubstr("4:24: there is no type \"float\""),
                   HasSubstr("4:48: \"doubleValue\" wants a number"),
                   HasSubstr("5:45: \"intValue\" wants a whole number"),
                   HasSubstr("5:83: \"y\" wants a number"), HasSubstr("6:24: \"type\" wants a type"),
                   HasSubstr("6:75: \"boolValue\" wants true or false"),
                   HasSubstr("6:93: \"stringValue\" wants a text"),
-                  HasSubstr("7:3: this entry of the list is no object")));
+                  HasSubstr("7:3: this entry of the list is no object"),
+                  HasSubstr("7:35: this number is too big")));
 }
 
 // Names that are joined by the same character that they may hold.

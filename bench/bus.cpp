@@ -1,61 +1,19 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // From a post to its arrival in another process, beside the least that could carry it. Run as
 // `dbus-run-session -- bench_bus`.
-#include <benchmark/benchmark.h>
-#include <sys/prctl.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QEventLoop>
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <csignal>
 #include <cstring>
-#include <functional>
 #include <string>
-#include <vector>
 #include <zqswiftui/platform/qt/bus_notifications.hpp>
 #include <zqswiftui/platform/qt/main_queue.hpp>
 #include <zqswiftui/platform/qt/memory_file.hpp>
 
+#include "peer_process.hpp"
+
 namespace {
-
-std::int64_t now() {  // one clock for all processes
-  return std::chrono::steady_clock::now().time_since_epoch().count();
-}
-
-// Runs listen in a process of its own, which is given the other end of the socket. There it
-// says a first word once it listens, and then the time of each arrival.
-class Listener {
- public:
-  explicit Listener(const std::function<void(int socket)>& listen) {
-    std::array<int, 2> ends{};
-    if (::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends.data()) != 0 || ::fork() != 0) {
-      socket_ = ends[0];
-      ::close(ends[1]);
-      return;
-    }
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    listen(ends[1]);
-    ::_exit(0);
-  }
-  int socket() const { return socket_; }
-  std::int64_t arrival() const {
-    std::int64_t time = 0;
-    return ::read(socket_, &time, sizeof(time)) == sizeof(time) ? time : 0;
-  }
-
- private:
-  int socket_ = -1;
-};
-
-void say(int socket, std::int64_t time) {
-  if (::write(socket, &time, sizeof(time)) < 0) ::_exit(1);
-}
 
 void listenToNotifications(int socket) {
   int count = 0;
@@ -129,17 +87,8 @@ void measure(benchmark::State& state, const Listener& listener,
              const std::function<void(const std::string&)>& post) {
   if (!peers().ready) return state.SkipWithError("there is no session bus");
   const std::string payload(static_cast<std::size_t>(state.range(0)), 'x');
-  std::vector<double> seconds;
-  for (auto _ : state) {
-    const std::int64_t start = now();
-    post(payload);
-    seconds.push_back(static_cast<double>(listener.arrival() - start) * 1e-9);
-    state.SetIterationTime(seconds.back());
-    QCoreApplication::processEvents();
-  }
-  std::sort(seconds.begin(), seconds.end());
-  state.counters["median_us"] = seconds[seconds.size() / 2] * 1e6;
-  state.counters["p99_us"] = seconds[seconds.size() * 99 / 100] * 1e6;
+  measureArrivals(
+      state, listener, [&] { post(payload); }, [] { QCoreApplication::processEvents(); });
 }
 
 void notification(benchmark::State& state) {

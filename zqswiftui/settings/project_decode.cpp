@@ -1,14 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
-#ifdef __SSE2__
-#define RAPIDJSON_SSE2
-#endif
 #include <rapidjson/error/error.h>
 #include <rapidjson/reader.h>
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <memory>
 #include <utility>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/base/text.hpp>
@@ -21,16 +17,24 @@ namespace zq {
 namespace {
 
 constexpr unsigned parseFlags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
-// The parser compares sixteen characters at once, also where fewer are left.
-constexpr std::size_t padding = 32;
 
-// Hands the parser's events on; refuses what is nested too deep.
+// Of UTF-8 that was valid before the parser took the escapes out of it.
+bool hasHalfCharacter(std::string_view text) {
+  for (std::size_t at = text.find('\xED'); at < text.size(); at = text.find('\xED', at + 1)) {
+    if (static_cast<unsigned char>(text[at + 1]) >= 0xA0) return true;
+  }
+  return false;
+}
+
+// Hands the parser's events on; refuses what is nested too deep, and escapes for half a
+// character, of which the parser knows only some.
 struct Events {
   static constexpr std::size_t deepest = 64;
 
   ProjectReader& reader;
   rapidjson::InsituStringStream& stream;
   std::size_t depth = 0;
+  bool halfCharacter = false;
 
   bool Null() { return pass({}); }
   bool Bool(bool flag) { return pass({.kind = JsonScalar::Kind::flag, .flag = flag}); }
@@ -38,11 +42,13 @@ struct Events {
     return pass({.kind = JsonScalar::Kind::number, .text = {text, size}});
   }
   bool String(const char* text, rapidjson::SizeType size, bool) {
-    return pass({.kind = JsonScalar::Kind::text, .text = {text, size}});
+    halfCharacter = hasHalfCharacter({text, size});
+    return !halfCharacter && pass({.kind = JsonScalar::Kind::text, .text = {text, size}});
   }
   bool Key(const char* text, rapidjson::SizeType size, bool) {
+    halfCharacter = hasHalfCharacter({text, size});
     reader.key({text, size}, stream.Tell());
-    return true;
+    return !halfCharacter;
   }
   bool StartObject() { return enter(true); }
   bool EndObject(rapidjson::SizeType) { return leave(); }
@@ -90,11 +96,9 @@ std::string_view sentence(rapidjson::ParseErrorCode code) {
     case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
       return "half of a character is missing in an escape";
     case rapidjson::kParseErrorStringEscapeInvalid:
-      return "unknown escape in a text";
+      return "unknown escape, or a control character, in a text";
     case rapidjson::kParseErrorStringMissQuotationMark:
       return "the text has no closing quote";
-    case rapidjson::kParseErrorStringInvalidEncoding:
-      return "a control character must be escaped in a text";
     case rapidjson::kParseErrorNumberMissFraction:
       return "expected a digit after the decimal point";
     case rapidjson::kParseErrorNumberMissExponent:
@@ -166,56 +170,71 @@ void blankTooBigNumbers(std::string& json) {
   }
 }
 
-rapidjson::ParseResult parse(std::string_view json, ProjectReader& reader) {
-  const auto text = std::make_unique_for_overwrite<char[]>(json.size() + padding);
-  std::memset(std::copy(json.begin(), json.end(), text.get()), 0, padding);
-  rapidjson::InsituStringStream stream(text.get());
+struct Refusal {
+  rapidjson::ParseErrorCode code;
+  std::size_t offset;
+  bool halfCharacter;
+};
+
+std::optional<Refusal> parse(std::string json, ProjectReader& reader) {
+  rapidjson::InsituStringStream stream(json.data());
   Events events{reader, stream};
   rapidjson::Reader parser;
-  return parser.Parse<parseFlags>(stream, events);
+  const rapidjson::ParseResult result = parser.Parse<parseFlags>(stream, events);
+  if (!result.IsError()) return std::nullopt;
+  return Refusal{result.Code(), result.Offset(), events.halfCharacter};
 }
 
 Result<ZQUICProject> decode(std::string_view json, ProjectPlaces* places) {
   if (json.size() > longestProject) return Error{"1:1: longer than 256 MiB"};
-  constexpr std::string_view mark = "\xEF\xBB\xBF";
-  if (json.starts_with(mark)) {
-    // Blanks keep the offsets.
-    return decode("   " + std::string(json.substr(mark.size())), places);
-  }
   const std::size_t bad = firstBadByte(json);
   if (bad < json.size()) return errorAt(json, bad, "this is not UTF-8 text");
   if (places == nullptr) {
     if (auto project = readOwnForm(json)) return *std::move(project);
   }
   ProjectReader reader(json, places);
-  auto result = parse(json, reader);
-  if (result.Code() == rapidjson::kParseErrorNumberTooBig) {
+  auto refusal = parse(std::string(json), reader);
+  if (refusal && refusal->code == rapidjson::kParseErrorNumberTooBig) {
     std::string mended(json);
     blankTooBigNumbers(mended);
     reader = ProjectReader(json, places);
-    result = parse(mended, reader);
+    refusal = parse(std::move(mended), reader);
   }
-  if (result.IsError()) return errorAt(json, result.Offset(), sentence(result.Code()));
+  if (refusal) {
+    const auto code = refusal->halfCharacter ? rapidjson::kParseErrorStringUnicodeSurrogateInvalid
+                                             : refusal->code;
+    return errorAt(json, refusal->offset, sentence(code));
+  }
   auto project = reader.take();
   if (!project) return errorAt(json, 0, "expected a project, which is an object in braces");
   return *std::move(project);
 }
 
+// A mark that some editors put before UTF-8 text.
+constexpr std::string_view mark = "\xEF\xBB\xBF";
+
 }  // namespace
 
 Result<ZQUICProject> decodeProject(std::string_view json) {
-  return decode(json, nullptr);
+  return decode(json.starts_with(mark) ? json.substr(mark.size()) : json, nullptr);
 }
 
 Result<ZQUICProject> decodeEverything(std::string_view json, ProjectPlaces& places) {
-  return decode(json, &places);
+  if (!json.starts_with(mark)) return decode(json, &places);
+  auto project = decode(json.substr(mark.size()), &places);
+  for (ProjectPlaces::Group& group : places.groups) {
+    group.offset += mark.size();
+    for (std::size_t& item : group.items) item += mark.size();
+  }
+  return project;
 }
 
 TextPlace placeOf(std::string_view text, std::size_t offset) {
   const std::string_view before = text.substr(0, std::min(offset, text.size()));
   const auto lineBreaks = std::count(before.begin(), before.end(), '\n');
-  const std::size_t lineBegin = before.rfind('\n') + 1;
-  return {static_cast<std::size_t>(lineBreaks) + 1, scalarCount(before.substr(lineBegin)) + 1};
+  std::string_view line = before.substr(before.rfind('\n') + 1);
+  if (lineBreaks == 0 && line.starts_with(mark)) line.remove_prefix(mark.size());
+  return {static_cast<std::size_t>(lineBreaks) + 1, scalarCount(line) + 1};
 }
 
 }  // namespace zq

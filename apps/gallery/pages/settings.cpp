@@ -63,7 +63,7 @@ struct SettingsRoad {
   View body(Context& context) const {
     auto store = context.stateOf(
         [] { return std::make_shared<ZQConfig>(cardProject()); });
-    const std::shared_ptr<ZQConfig> config = *store;
+    const std::shared_ptr<ZQConfig>& config = *store;
     context.observe(config);
     return cards({
         card("Edited",

@@ -81,19 +81,19 @@ ItemSink LayoutNode::collect() {
 }
 
 void LayoutNode::update(const View& next) {
-  const View was = view();
-  const auto& before = static_cast<const LayoutValue&>(*was.value());
+  const bool sameLayout = value().sameLayout(static_cast<const LayoutValue&>(*next.value()));
+  const std::size_t before = value().children.size();
   setView(next);
-  const LayoutValue& now = value();
-  if (!before.sameLayout(now)) invalidateMeasure();
-  const std::size_t common = std::min(before.children.size(), now.children.size());
+  if (!sameLayout) invalidateMeasure();
+  const std::size_t now = value().children.size();
+  const std::size_t common = std::min(before, now);
   for (std::size_t i = 0; i < common; ++i) {
     const View child = viewOf(i);
     items_.changed(i, &child);
   }
-  if (before.children.size() == now.children.size()) return;
-  const std::vector<std::size_t> added(now.children.size() - common, ItemArray::npos);
-  items_.splice(common, before.children.size() - common, added);
+  if (before == now) return;
+  const std::vector<std::size_t> added(now - common, ItemArray::npos);
+  items_.splice(common, before - common, added);
   for (std::size_t i = common; i < items_.size(); ++i) items_.materialize(i);
   invalidateBounds();
   invalidateMeasure();

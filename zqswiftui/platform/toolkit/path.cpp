@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <zqswiftui/platform/toolkit/path.hpp>
 
@@ -122,7 +123,8 @@ Path Path::transformed(double scaleX, double scaleY, Point d) const {
 }
 
 Rect Path::bounds() const {
-  double left = INFINITY, top = INFINITY, right = -INFINITY, bottom = -INFINITY;
+  constexpr double end = std::numeric_limits<double>::infinity();
+  double left = end, top = end, right = -end, bottom = -end;
   const auto add = [&](Point p) {
     left = std::min(left, p.x);
     right = std::max(right, p.x);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <tests/base/temp_folder.hpp>
@@ -90,6 +91,62 @@ TEST_F(Stores, aSharedItemIsDownloadedOnceAndOnlyWhenAsked) {
     EXPECT_FALSE(finished(record.urlForId(id, true))) << id;
   }
   EXPECT_EQ(folder.entries(), 1U);
+}
+
+// Many ask for one item before it is there, over records that are copies, and with one asker that
+// goes away meanwhile: one download, one answer each.
+TEST_F(Stores, anItemThatManyAskForAtOnceIsDownloadedOnce) {
+  platform.downloads().setAnswer("http://host/x", {{'x'}, ""}, 1);
+  const Url shared = Url::file(folder.path("shared"));
+  const ZQShareApp record(
+      shared, {{"x", "x.txt", "http://host/x"}, {"lost", "lost.txt", "http://host/missing"}});
+  std::vector<std::string> heard;
+  const auto ask = [&](const ZQShareApp& of, const std::string& id) {
+    return start(thenOnMain<std::optional<Url>>(of.urlForId(id, true), [&, id](const auto& url) {
+      heard.push_back(id + (url ? readTextFile(url->path()).value() : "-"));
+    }));
+  };
+  std::vector<Subscription> asking;
+  for (int i = 0; i < 3; ++i) asking.push_back(ask(ZQShareApp(record), "x"));
+  for (int i = 0; i < 2; ++i) asking.push_back(ask(record, "lost"));
+  platform.advance(0.5);
+  asking.push_back(ask(record, "x"));
+  asking[1].reset();
+  platform.advance(1);
+  EXPECT_EQ(heard, (std::vector<std::string>{"lost-", "lost-", "xx", "xx", "xx"}));
+  EXPECT_EQ(platform.downloads().fetched(),
+            (std::vector<std::string>{"http://host/x", "http://host/missing"}));
+  // A download that failed is begun anew by who asks later.
+  platform.downloads().setAnswer("http://host/missing", {{'y'}, ""});
+  const auto found = finished(record.urlForId("lost", true));
+  ASSERT_TRUE(found);
+  EXPECT_EQ(readTextFile(found->path()).value(), "y");
+}
+
+TEST(StoresAtTheEnd, aPlatformThatEndsLetsGoOfAllWhoWaitForADownload) {
+  const TempFolder folder;
+  std::weak_ptr<int> held;
+  const auto record = std::make_unique<ZQShareApp>(
+      Url::file(folder.path()), std::vector<ZQShareApp::Item>{{"x", "x.txt", "http://host/x"}});
+  {
+    HeadlessPlatform platform;
+    platform.downloads().setAnswer("http://host/x", {{'x'}, ""}, 10);
+    const auto waiter = std::make_shared<int>(1);
+    held = waiter;
+    for (int i = 0; i < 2; ++i) {
+      detach(thenOnMain<std::optional<Url>>(record->urlForId("x", true),
+                                            [waiter](const auto&) { FAIL() << "it never came"; }));
+    }
+    platform.advance(1);
+  }
+  EXPECT_TRUE(held.expired());
+  HeadlessPlatform next;
+  next.downloads().setAnswer("http://host/x", {{'x'}, ""});
+  bool there = false;
+  detach(thenOnMain<std::optional<Url>>(record->urlForId("x", true),
+                                        [&](const auto& url) { there = url.has_value(); }));
+  next.advance(1);
+  EXPECT_TRUE(there);
 }
 
 }  // namespace

@@ -24,12 +24,13 @@ class ZQShareApp {
   ZQShareApp(Url folder, std::vector<Item> items);
 
   // The local file of an item, downloaded first where it is missing and that is asked for.
-  // Absent where there is no such item, its name leaves the folder, or no file can be had.
+  // Absent where there is no such item, its name leaves the folder, or no file can be had. Who
+  // asks for an item that is being downloaded waits for that download.
   Task<std::optional<Url>> urlForId(std::string id, bool downloadRemote) const;
 
  private:
   struct Record;
-  std::shared_ptr<const Record> record_;
+  std::shared_ptr<Record> record_;
 };
 
 }  // namespace zq

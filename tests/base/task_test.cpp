@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -96,6 +98,32 @@ TEST(Work, aSerialQueueKeepsItsOrderOnThreadsAndSyncComesAfterWhatWasPosted) {
   EXPECT_EQ(seen, 200U);
   platform.runUntilIdle();
   for (int i = 0; i < 200; ++i) EXPECT_EQ(order[static_cast<std::size_t>(i)], i);
+}
+
+TEST(Work, aSlowPieceOfASerialQueueKeepsNoOtherThreadFromItsWork) {
+  HeadlessPlatform platform(BackgroundMode::threads);
+  SerialQueue queue("slow");
+  std::promise<void> release, done;
+  queue.post([slow = release.get_future().share()] { slow.wait(); });
+  for (int i = 0; i < 20; ++i) queue.post([] {});
+  Queue::execute(false, [&] { done.set_value(); });
+  const auto waited = done.get_future().wait_for(std::chrono::seconds(20));
+  EXPECT_EQ(waited, std::future_status::ready);
+  release.set_value();
+  platform.runUntilIdle();
+}
+
+TEST(Work, aSerialQueueThatLostATurnWithOnePlatformGoesOnWithTheNext) {
+  SerialQueue queue("two platforms");
+  int runs = 0;
+  {
+    HeadlessPlatform platform;
+    queue.post([&] { ++runs; });
+  }
+  HeadlessPlatform platform;
+  queue.post([&] { ++runs; });
+  platform.runUntilIdle();
+  EXPECT_EQ(runs, 2);
 }
 
 TEST(Work, executeRunsAtOnceOnlyOnTheInterfaceThread) {

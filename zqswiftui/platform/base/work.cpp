@@ -28,15 +28,44 @@ struct SerialQueue::State : std::enable_shared_from_this<State> {
   std::string name;
   std::mutex mutex;
   std::deque<std::function<void()>> waiting;
+  bool turnIsComing = false;
   std::mutex running;  // held by whoever runs work of this queue
   std::atomic<std::thread::id> runner;
 
-  // One piece a turn, so that a long queue does not keep a thread from the others.
+  // A piece of background work that runs the next one of this queue. One that is dropped with
+  // the platform's background work leaves the way free for the next.
+  struct Turn {
+    explicit Turn(std::shared_ptr<State> givenQueue) : queue(std::move(givenQueue)) {}
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    ~Turn() {
+      if (!queue) return;
+      const std::lock_guard lock(queue->mutex);
+      queue->turnIsComing = false;
+    }
+    std::shared_ptr<State> queue;
+  };
+
+  // One piece a turn, so that a long queue does not keep a thread from the others; and one turn
+  // at a time, so that no other thread waits beside a slow piece.
   void scheduleTurn() {
-    Queue::execute(false, [self = shared_from_this()] {
-      const std::lock_guard turn(self->running);
-      self->runNext();
+    Queue::execute(false, [turn = std::make_shared<Turn>(shared_from_this())] {
+      const auto self = std::exchange(turn->queue, nullptr);
+      {
+        const std::lock_guard mine(self->running);
+        self->runNext();
+      }
+      self->endTurn();
     });
+  }
+
+  void endTurn() {
+    {
+      const std::lock_guard lock(mutex);
+      turnIsComing = !waiting.empty();
+      if (!turnIsComing) return;
+    }
+    scheduleTurn();
   }
 
   bool runNext() {
@@ -66,6 +95,7 @@ void SerialQueue::post(std::function<void()> work) {
   {
     const std::lock_guard lock(state_->mutex);
     state_->waiting.push_back(std::move(work));
+    if (std::exchange(state_->turnIsComing, true)) return;
   }
   state_->scheduleTurn();
 }

@@ -1,7 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <tests/base/temp_folder.hpp>
@@ -9,6 +11,7 @@
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/image_cache.hpp>
 #include <zqswiftui/platform/base/prefs.hpp>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_cache.hpp>
 #include <zqswiftui/platform/base/zq_notify.hpp>
 #include <zqswiftui/platform/base/zq_pasteboard.hpp>
@@ -85,6 +88,25 @@ TEST(ImageCacheTest, aNamedResourceIsDecodedOnceWhileItIsShown) {
   EXPECT_EQ(ImageCache::getImage("spin00000"), first);
   EXPECT_FALSE(ImageCache::getImage("spin00001"));
   EXPECT_FALSE(ImageCache::getImage("spin00002"));
+}
+
+TEST(ImageCacheTest, severalThreadsThatAskAtOnceDecodeOnce) {
+  HeadlessPlatform platform(BackgroundMode::threads);
+  const TempFolder folder;
+  ASSERT_TRUE(replaceFile(folder.path("0.png"), HeadlessImageCodec::file(500, 500, 1, 2, 3)).ok());
+  platform.bundle().addResource("large.png", folder.path("0.png"));
+  std::mutex mutex;
+  std::vector<std::optional<ZQImage>> found;
+  for (int i = 0; i < 16; ++i) {
+    Queue::execute(false, [&] {
+      auto image = ImageCache::getImage("large");
+      const std::lock_guard lock(mutex);
+      found.push_back(std::move(image));
+    });
+  }
+  platform.runUntilIdle();
+  EXPECT_EQ(platform.imageCodec().decoded().size(), 1U);
+  EXPECT_THAT(found, testing::Each(found.front()));
 }
 
 TEST(PasteboardTest, anImageIsDecodedAndATextIsNone) {

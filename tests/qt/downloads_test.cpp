@@ -2,6 +2,7 @@
 // Fetching from a server that may be slow, wrong or hostile.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -19,7 +20,22 @@ namespace {
 class QtDownloadsFrom : public testing::Test {
  protected:
   QtDownloadsFrom() { EXPECT_TRUE(server_.start()); }
-  DownloadAnswer fetch(DownloadRequest request) {
+  // Both ways of asking must answer alike.
+  DownloadAnswer fetch(const DownloadRequest& request) {
+    const DownloadAnswer answer = fetchLater(request);
+    DownloadAnswer waited;
+    std::atomic<bool> done{false};
+    std::thread other([&] {
+      waited = downloads_.fetchAndWait(request);
+      done = true;
+    });
+    EXPECT_TRUE(waitFor([&] { return done.load(); }));
+    other.join();
+    EXPECT_EQ(waited.ok(), answer.ok()) << request.url << ": " << waited.error;
+    EXPECT_TRUE(waited.bytes == answer.bytes) << request.url;
+    return answer;
+  }
+  DownloadAnswer fetchLater(DownloadRequest request) {
     std::optional<DownloadAnswer> answer;
     int answers = 0;
     const std::uint64_t id = downloads_.fetch(std::move(request), [&](DownloadAnswer given) {
@@ -162,6 +178,14 @@ TEST_F(QtDownloadsFrom, theServiceMayEndWithTransfersUnderWay) {
   EXPECT_TRUE(waitFor([&] { return server_.disconnections == 2; }));
   EXPECT_TRUE(waitFor([&] { return alive.use_count() == 1; }));
   EXPECT_FALSE(answered);
+}
+
+TEST_F(QtDownloadsFrom, theInterfaceThreadMayWaitItself) {
+  const DownloadAnswer data = downloads_.fetchAndWait({"data:,hello"});
+  EXPECT_EQ(text(data), "hello") << data.error;
+  EXPECT_FALSE(downloads_.fetchAndWait({"file:///no/such/file"}).ok());
+  EXPECT_FALSE(downloads_.fetchAndWait({server_.url("/never"), 0.05}).ok())
+      << "our own server cannot answer while we wait";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <array>
+#include <condition_variable>
 #include <mutex>
 #include <string_view>
 #include <unordered_map>
@@ -23,23 +24,30 @@ std::optional<std::string> resourcePath(const Bundle& bundle, const std::string&
 }  // namespace
 
 std::optional<ZQImage> ImageCache::getImage(const std::string& name, const Bundle* bundle) {
+  struct Place {
+    std::weak_ptr<const ZQImage::Content> shown;
+    bool loading = false;
+  };
   static std::mutex mutex;
-  static std::unordered_map<std::string, std::weak_ptr<const ZQImage::Content>> shown;
+  static std::condition_variable loaded;
+  static std::unordered_map<std::string, Place> places;
   const auto path = resourcePath(bundle != nullptr ? *bundle : Platform::current().bundle(), name);
   if (!path) return std::nullopt;
-  {
-    const std::lock_guard lock(mutex);
-    const auto known = shown.find(*path);
-    if (known != shown.end()) {
-      if (auto content = known->second.lock()) return ZQImage(std::move(content));
-    }
+  std::unique_lock lock(mutex);
+  Place& place = places[*path];
+  while (true) {
+    if (auto content = place.shown.lock()) return ZQImage(std::move(content));
+    if (!place.loading) break;
+    loaded.wait(lock);  // for the thread that decodes it
   }
+  place.loading = true;
+  lock.unlock();
   const auto bytes = readFile(*path);
-  if (!bytes.ok()) return std::nullopt;
-  auto image = zqImage(bytes.value());
-  if (!image) return std::nullopt;
-  const std::lock_guard lock(mutex);
-  shown.insert_or_assign(*path, image->content_);
+  auto image = bytes.ok() ? zqImage(bytes.value()) : std::nullopt;
+  lock.lock();
+  place.loading = false;
+  if (image) place.shown = image->content_;
+  loaded.notify_all();
   return image;
 }
 

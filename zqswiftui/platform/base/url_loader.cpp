@@ -4,6 +4,15 @@
 
 namespace zq {
 
+namespace {
+
+Result<Bytes> bytesOf(const Url& url, DownloadAnswer answer) {
+  if (!answer.ok()) return Error{"cannot load " + url.text() + ": " + answer.error};
+  return std::move(answer.bytes);
+}
+
+}  // namespace
+
 Task<Result<Bytes>> loadUrl(Url url, LoadLimits limits) {
   if (url.isFile()) {
     co_await onBackground();
@@ -15,8 +24,13 @@ Task<Result<Bytes>> loadUrl(Url url, LoadLimits limits) {
   };
   DownloadAnswer answer = co_await callback<DownloadAnswer>(std::move(begin));
   co_await onBackground();
-  if (!answer.ok()) co_return Error{"cannot load " + url.text() + ": " + answer.error};
-  co_return std::move(answer.bytes);
+  co_return bytesOf(url, std::move(answer));
+}
+
+Result<Bytes> loadUrlAndWait(const Url& url, LoadLimits limits) {
+  if (url.isFile()) return readFile(url.path(), limits.bytes);
+  return bytesOf(url, Platform::current().downloads().fetchAndWait(
+                          {url.text(), limits.seconds, limits.bytes}));
 }
 
 }  // namespace zq

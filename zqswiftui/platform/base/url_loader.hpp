@@ -17,5 +17,7 @@ struct LoadLimits {
 // The whole of what a URL names: a file is read, anything else downloaded. Goes on in the
 // background. Any thread.
 Task<Result<Bytes>> loadUrl(Url url, LoadLimits limits = {});
+// The same on this thread, which waits for it.
+Result<Bytes> loadUrlAndWait(const Url& url, LoadLimits limits = {});
 
 }  // namespace zq

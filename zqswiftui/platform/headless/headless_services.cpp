@@ -3,6 +3,7 @@
 #include <atomic>
 #include <charconv>
 #include <iterator>
+#include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/headless/headless_services.hpp>
 
 namespace zq {
@@ -13,6 +14,28 @@ namespace {
 std::uint64_t newListenerId() {
   static std::atomic<std::uint64_t> last{0};
   return ++last;
+}
+
+struct PictureHeader {
+  int width = 0;
+  int height = 0;
+  std::size_t length = 0;
+  std::int64_t pixels() const { return std::int64_t{width} * height; }
+};
+
+std::optional<PictureHeader> readHeader(std::span<const std::uint8_t> bytes) {
+  constexpr std::string_view mark = "ZQIMG ";
+  const auto* data = reinterpret_cast<const char*>(bytes.data());
+  const std::string_view file(data, bytes.size());
+  const auto lineEnd = file.find('\n');
+  if (!file.starts_with(mark) || lineEnd == std::string_view::npos) return std::nullopt;
+  PictureHeader header{0, 0, lineEnd + 1};
+  const auto width = std::from_chars(data + mark.size(), data + lineEnd, header.width);
+  if (width.ec != std::errc{} || *width.ptr != ' ') return std::nullopt;
+  const auto height = std::from_chars(width.ptr + 1, data + lineEnd, header.height);
+  if (height.ec != std::errc{} || height.ptr != data + lineEnd) return std::nullopt;
+  if (header.width <= 0 || header.height <= 0) return std::nullopt;
+  return header;
 }
 
 }  // namespace
@@ -197,8 +220,7 @@ std::vector<HeadlessNotifications::Posted> HeadlessNotifications::posted() const
   return posted_;
 }
 
-std::uint64_t HeadlessDownloads::fetch(DownloadRequest request,
-                                       std::function<void(DownloadAnswer)> answer) {
+HeadlessDownloads::Row HeadlessDownloads::lookUp(const DownloadRequest& request) {
   Row row{{{}, "the server has no " + request.url}, 0};
   {
     const std::lock_guard lock(mutex_);
@@ -210,6 +232,12 @@ std::uint64_t HeadlessDownloads::fetch(DownloadRequest request,
   if (request.timeLimit > 0 && row.delay > request.timeLimit) {
     row = {{{}, "the answer takes too long"}, request.timeLimit};
   }
+  return row;
+}
+
+std::uint64_t HeadlessDownloads::fetch(DownloadRequest request,
+                                       std::function<void(DownloadAnswer)> answer) {
+  Row row = lookUp(request);
   return queue_.postDelayed(row.delay,
                             [content = std::move(row.answer), answer = std::move(answer)] {
                               if (answer) answer(content);
@@ -229,25 +257,32 @@ std::vector<std::string> HeadlessDownloads::fetched() const {
 
 std::optional<Pixels> HeadlessImageCodec::decode(std::span<const std::uint8_t> bytes,
                                                  const DecodeLimits& limits) const {
-  constexpr std::string_view mark = "ZQIMG ";
-  const auto* data = reinterpret_cast<const char*>(bytes.data());
-  const std::string_view file(data, bytes.size());
-  const auto lineEnd = file.find('\n');
-  if (!file.starts_with(mark) || lineEnd == std::string_view::npos) return std::nullopt;
-  Pixels pixels;
-  const auto width = std::from_chars(data + mark.size(), data + lineEnd, pixels.width);
-  if (width.ec != std::errc{} || *width.ptr != ' ') return std::nullopt;
-  const auto height = std::from_chars(width.ptr + 1, data + lineEnd, pixels.height);
-  if (height.ec != std::errc{} || height.ptr != data + lineEnd) return std::nullopt;
-  if (pixels.width <= 0 || pixels.height <= 0) return std::nullopt;
-  const std::int64_t count = std::int64_t{pixels.width} * pixels.height;
-  const auto rows = bytes.subspan(lineEnd + 1);
-  if (count > limits.maxPixels || rows.size() % 4 != 0 ||
-      static_cast<std::int64_t>(rows.size()) / 4 != count) {
+  const auto header = readHeader(bytes);
+  if (!header || header->pixels() > limits.maxPixels) return std::nullopt;
+  const auto rows = bytes.subspan(header->length);
+  if (rows.size() % 4 != 0 || static_cast<std::int64_t>(rows.size()) / 4 != header->pixels()) {
     return std::nullopt;
   }
-  pixels.rgba.assign(rows.begin(), rows.end());
-  return pixels;
+  Pixels pixels{header->width, header->height, Bytes(rows.begin(), rows.end())};
+  {
+    const std::lock_guard lock(mutex_);
+    decoded_.push_back({pixels.width, pixels.height,
+                        Platform::installed() && Platform::current().mainQueue().isMainThread()});
+  }
+  if (limits.maxSide <= 0 || std::max(pixels.width, pixels.height) <= limits.maxSide) return pixels;
+  const auto image = ZQImage::fromPixels(std::move(pixels));
+  const auto small = image ? image->resizeWithMaxSide(limits.maxSide) : std::nullopt;
+  return small ? std::optional(small->pixels()) : std::nullopt;
+}
+
+std::int64_t HeadlessImageCodec::declaredPixels(std::span<const std::uint8_t> bytes) const {
+  const auto header = readHeader(bytes);
+  return header ? header->pixels() : 0;
+}
+
+std::vector<HeadlessImageCodec::Decoded> HeadlessImageCodec::decoded() const {
+  const std::lock_guard lock(mutex_);
+  return decoded_;
 }
 
 Bytes HeadlessImageCodec::encodePng(const Pixels& pixels) const {

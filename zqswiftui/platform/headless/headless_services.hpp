@@ -169,6 +169,10 @@ class HeadlessDownloads : public Downloads {
  public:
   explicit HeadlessDownloads(MainQueue& queue) : queue_(queue) {}
   std::uint64_t fetch(DownloadRequest request, std::function<void(DownloadAnswer)> answer) override;
+  // Takes no time, however slow the answer is set to be.
+  DownloadAnswer fetchAndWait(const DownloadRequest& request) override {
+    return lookUp(request).answer;
+  }
   void cancel(std::uint64_t id) override { queue_.cancel(id); }
 
   void setAnswer(const std::string& url, DownloadAnswer answer, double afterSeconds = 0);
@@ -180,6 +184,8 @@ class HeadlessDownloads : public Downloads {
     DownloadAnswer answer;
     double delay = 0;
   };
+  Row lookUp(const DownloadRequest& request);
+
   MainQueue& queue_;
   mutable std::mutex mutex_;
   std::unordered_map<std::string, Row> table_;
@@ -192,9 +198,25 @@ class HeadlessImageCodec : public ImageCodec {
  public:
   std::optional<Pixels> decode(std::span<const std::uint8_t> bytes,
                                const DecodeLimits& limits) const override;
+  std::int64_t declaredPixels(std::span<const std::uint8_t> bytes) const override;
   Bytes encodePng(const Pixels& pixels) const override;
   // A picture of one opaque colour.
   static Bytes file(int width, int height, std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+
+  // A decode that succeeded: the size that the file declares, and whether the interface thread
+  // had to wait for it.
+  struct Decoded {
+    int width;
+    int height;
+    bool onInterfaceThread;
+    bool operator==(const Decoded&) const = default;
+  };
+  // All so far, in order.
+  std::vector<Decoded> decoded() const;
+
+ private:
+  mutable std::mutex mutex_;
+  mutable std::vector<Decoded> decoded_;
 };
 
 class HeadlessAppearance : public Appearance {

@@ -22,6 +22,7 @@ class Downloads final : public zq::Downloads {
   ~Downloads() override;
 
   std::uint64_t fetch(DownloadRequest request, std::function<void(DownloadAnswer)> answer) override;
+  DownloadAnswer fetchAndWait(const DownloadRequest& request) override;
   void cancel(std::uint64_t id) override;
 
   // Ends all that runs without an answer. Interface thread.

@@ -28,6 +28,9 @@ class Downloads {
   // Answers once, later, on the interface thread; 0 is never returned.
   virtual std::uint64_t fetch(DownloadRequest request,
                               std::function<void(DownloadAnswer)> answer) = 0;
+  // The same on this thread, which waits for the answer; also where that is the interface
+  // thread, whose own work then waits too.
+  virtual DownloadAnswer fetchAndWait(const DownloadRequest& request) = 0;
   // Called on the interface thread, the answer does not come any more.
   virtual void cancel(std::uint64_t id) = 0;
 };

@@ -30,6 +30,9 @@ class ImageCodec {
   // Absent where the bytes are no whole image of a known format, or exceed the limits.
   virtual std::optional<Pixels> decode(std::span<const std::uint8_t> bytes,
                                        const DecodeLimits& limits) const = 0;
+  // How many pixels the file says that it has; 0 where it does not say so before it is decoded,
+  // or is none. To tell why a picture was refused.
+  virtual std::int64_t declaredPixels(std::span<const std::uint8_t>) const { return 0; }
   // The bytes of a PNG file; empty where the pixels do not fit their size.
   virtual Bytes encodePng(const Pixels& pixels) const = 0;
 };

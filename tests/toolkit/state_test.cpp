@@ -304,5 +304,36 @@ TEST(ThreadsPublishing, eightThreadsChangeAnObservedObjectWhileFramesRun) {
   model->name = "heard by nobody";
 }
 
+// Says nothing until it is told to, from deep inside.
+struct Silent {
+  std::shared_ptr<State<bool>>* speaks;
+  View body(Context& context) const {
+    auto state = context.state(false);
+    *speaks = std::make_shared<State<bool>>(state);
+    const View said = *state ? View(Text("now")) : View();
+    return said.padding(4).onAppear([] {}).id("silent");
+  }
+};
+
+TEST(State, whatShowedNothingInAStackMayComeToShowSomething) {
+  std::shared_ptr<State<bool>> speaks;
+  struct Outer {
+    std::shared_ptr<State<bool>>* speaks;
+    View body(Context&) const { return Silent{speaks}; }
+  };
+  Harness h(VStack({Text("above"), Outer{&speaks}, Text("below")}));
+  const double below = h.findText("below").bounds.y;
+  for (int i = 0; i < 2; ++i) {
+    speaks->set(true);
+    h.settle();
+    EXPECT_TRUE(h.findText("now"));
+    EXPECT_GT(h.findText("below").bounds.y, below);
+    speaks->set(false);
+    h.settle();
+    EXPECT_FALSE(h.findText("now"));
+    EXPECT_EQ(h.findText("below").bounds.y, below);
+  }
+}
+
 }  // namespace
 }  // namespace zq

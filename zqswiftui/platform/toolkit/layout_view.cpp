@@ -73,8 +73,11 @@ ItemSink LayoutNode::collect() {
     Node& child = items_.materialize(i);
     if (child.isGroup()) {
       child.collectItems(sink);
-    } else if (child.view().typeId() != nothing && !child.showsNothing()) {
-      sink.add(items_, i, 1);
+    } else if (!child.showsNothing()) {
+      if (child.view().typeId() != nothing) sink.add(items_, i, 1);
+    } else {
+      // It is not placed. What has been measured tells those above when it comes to show something.
+      child.measure(ProposedSize::exactly({}));
     }
   }
   return sink;

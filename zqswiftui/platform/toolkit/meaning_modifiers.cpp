@@ -77,6 +77,45 @@ class LifeNode final : public ModifierNode<LifeValue> {
   std::string debugName() const override { return "Life"; }
 };
 
+class VisibilityNode;
+
+class VisibilityValue final : public ModifierValue<VisibilityValue, VisibilityNode> {
+ public:
+  VisibilityValue(View givenChild, std::function<void(bool)> givenAction)
+      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)) {}
+  std::function<void(bool)> action;
+};
+
+class VisibilityNode final : public ModifierNode<VisibilityValue> {
+ public:
+  using ModifierNode::ModifierNode;
+  ~VisibilityNode() override {
+    if (told_ == true) tree().later([action = value().action] { action(false); });
+  }
+  void mount() override {
+    ModifierNode::mount();
+    tree().addVisibilityListener(*this, [this](const Rect&) {
+      if (asked_ || told_ == canBeSeen()) return;
+      asked_ = true;
+      tree().later(*this, [this] { tell(); });
+    });
+  }
+  bool hasMemory() const override { return true; }
+  std::string debugName() const override { return "Visibility"; }
+
+ private:
+  void tell() {
+    asked_ = false;
+    const bool visible = canBeSeen();
+    if (told_ == visible) return;
+    told_ = visible;
+    const auto action = value().action;  // it may end this view
+    action(visible);
+  }
+  std::optional<bool> told_;
+  bool asked_ = false;
+};
+
 class ChangeNode;
 
 class ChangeValue final : public ModifierValue<ChangeValue, ChangeNode> {
@@ -231,6 +270,11 @@ View modify::onAppear(View view, std::function<void()> action) {
 
 View modify::onDisappear(View view, std::function<void()> action) {
   return View::make<LifeValue>(std::move(view), nullptr, std::move(action));
+}
+
+View modify::onVisibility(View view, std::function<void(bool)> action) {
+  if (!action) return view;
+  return View::make<VisibilityValue>(std::move(view), std::move(action));
 }
 
 View modify::onChange(View view, const void* type, std::shared_ptr<const modify::Watched> watched) {

@@ -82,6 +82,9 @@ class ViewModifiers {
   // Life.
   View onAppear(std::function<void()> action) const;
   View onDisappear(std::function<void()> action) const;
+  // Told first, and after each change, whether any of it can be seen: not when it is scrolled
+  // away, the window is hidden or the view gone. For work that is done only for who looks.
+  View onVisibility(std::function<void(bool visible)> action) const;
   template <std::equality_comparable T>
   View onChange(T value, std::type_identity_t<std::function<void(const T&)>> action) const;
 
@@ -132,6 +135,7 @@ View cursor(View view, Cursor cursor);
 View help(View view, std::string text);
 View onAppear(View view, std::function<void()> action);
 View onDisappear(View view, std::function<void()> action);
+View onVisibility(View view, std::function<void(bool)> action);
 // A value to watch, without its type.
 class Watched {
  public:

@@ -141,6 +141,10 @@ View ViewModifiers<S>::onDisappear(std::function<void()> action) const {
   return modify::onDisappear(view(), std::move(action));
 }
 template <class S>
+View ViewModifiers<S>::onVisibility(std::function<void(bool)> action) const {
+  return modify::onVisibility(view(), std::move(action));
+}
+template <class S>
 View ViewModifiers<S>::accessibility(Accessibility info) const {
   return modify::accessibility(view(), std::move(info));
 }

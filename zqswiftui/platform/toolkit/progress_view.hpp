@@ -6,18 +6,27 @@
 
 namespace zq {
 
-// Work in progress: a turning spinner, or a bar that is filled to a fraction from 0 to 1.
-// Fractions outside, and NaN, are clamped. With reduced motion the spinner stands still.
+// Work in progress: a turning spinner in the foreground colour, or a bar that is filled to a
+// fraction from 0 to 1. Fractions outside, and NaN, are clamped. The spinner turns on the
+// window's frames while it can be seen; with reduced motion it stands still.
 class ProgressView : public ViewModifiers<ProgressView> {
  public:
+  static constexpr int spinnerElements = 8;
+  static constexpr double spinnerSide = 16;
+
   ProgressView() = default;
   explicit ProgressView(double fraction);
+  // A spinner of so many spokes, bounded to 1 to 64, in a square of that side in points; a side
+  // that is negative or not finite counts as zero.
+  static ProgressView spinner(int elements, double side = spinnerSide);
   operator View() const;  // NOLINT(google-explicit-constructor)
   bool operator==(const ProgressView&) const = default;
 
  private:
   friend class ProgressNode;
   std::optional<double> fraction_;
+  int elements_ = spinnerElements;
+  double side_ = spinnerSide;
 };
 
 }  // namespace zq

@@ -265,6 +265,13 @@ Rect Node::visibleRect() const {
   return {start.x, start.y, end.x - start.x, end.y - start.y};
 }
 
+bool Node::canBeSeen() const {
+  if (!tree_.visible()) return false;
+  // What has no size is not even placed by the containers around it.
+  if (localBounds().empty()) return parent_ && parent_->canBeSeen();
+  return !intersection(localBounds(), visibleRect()).empty();
+}
+
 // --- Input ---
 
 bool Node::hitTest(Point point, HitPath& path) {

@@ -139,6 +139,9 @@ class Node {
   Point toWindow(Point point) const { return toWindow(Rect{point.x, point.y, 0, 0}).origin(); }
   Point fromWindow(Point point) const;
   Rect visibleRect() const;  // what of this node can be seen, in its own coordinates
+  // Whether some of it can be seen, or of what is around it where it has no size; not in a hidden
+  // window.
+  bool canBeSeen() const;
   // How a child's coordinates map to this node's.
   virtual Rect mapFromChild(const Node& child, Rect rect) const;
   virtual Point mapToChild(const Node& child, Point point) const;

@@ -86,7 +86,8 @@ void Tree::setVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
   pointer_.setVisible(visible);
-  if (visible) requestFrame();
+  visibilityDirty_ = true;
+  if (visible || !visibility_.empty()) requestFrame();
 }
 
 bool Tree::needsFrame() const {

@@ -31,6 +31,7 @@ class Tree {
   void setAppearance(const AppearanceValues& values);
   void fontsChanged();
   void setVisible(bool visible);
+  bool visible() const { return visible_; }
   RootNode& root() const { return *root_; }
   HostDelegate& delegate() const { return delegate_; }
   const EnvironmentPtr& environment() const { return environment_; }

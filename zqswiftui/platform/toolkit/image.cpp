@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <zqswiftui/platform/base/image_cache.hpp>
+#include <zqswiftui/platform/base/url_loader.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
 
@@ -31,10 +32,13 @@ class ImageNode final : public LeafNode {
   void mount() override { resolve(); }
   void update(const View& next) override {
     const Image was = image();
+    const Size size = idealSize();
     setView(next);
     if (was == image()) return;
     resolve();
-    invalidateMeasure();
+    const Image& now = image();
+    const bool scaledAlike = was.resizable_ == now.resizable_ && was.mode_ == now.mode_;
+    if (!scaledAlike || !(size == idealSize())) invalidateMeasure();
     invalidatePicture();
     tree().contentChanged();
   }
@@ -77,12 +81,18 @@ Size ImageNode::computeSize(const ProposedSize& proposal) {
   const Size ideal = idealSize();
   if (!image().resizable_ || ideal.width <= 0 || ideal.height <= 0) return ideal;
   const Size room = proposal.replacingUnspecified(ideal);
-  if (!image().aspectFit_) return room;
-  double factor = INFINITY;
-  if (proposal.width) factor = std::min(factor, room.width / ideal.width);
-  if (proposal.height) factor = std::min(factor, room.height / ideal.height);
-  if (!std::isfinite(factor)) factor = 1;
-  return {ideal.width * factor, ideal.height * factor};
+  const auto mode = image().mode_;
+  if (!mode) return room;
+  std::optional<double> factor;
+  const auto meet = [&](const std::optional<double>& offered, double length) {
+    if (!offered || !std::isfinite(*offered)) return;
+    const double own = *offered / length;
+    if (!factor) factor = own;
+    factor = *mode == ContentMode::fit ? std::min(*factor, own) : std::max(*factor, own);
+  };
+  meet(proposal.width, ideal.width);
+  meet(proposal.height, ideal.height);
+  return {ideal.width * factor.value_or(1), ideal.height * factor.value_or(1)};
 }
 
 void ImageNode::record(Piece& piece) {
@@ -123,6 +133,23 @@ Image Image::named(const std::string& name) {
   return with(Image(), &Image::picture_, ImageCache::getImage(name));
 }
 
+std::optional<Image> Image::fromUrl(const Url& url) {
+  const Result<Bytes> bytes = loadUrlAndWait(url);
+  return bytes.ok() ? swiftUIImage(bytes.value()) : std::nullopt;
+}
+
+std::optional<Image> Image::fromUrl(const Url& url, int andResizeTo) {
+  const Result<Bytes> bytes = loadUrlAndWait(url, {.seconds = 0});
+  const auto whole = bytes.ok() ? zqImage(bytes.value()) : std::nullopt;
+  const auto scaled = whole ? whole->resizeWithMaxSide(andResizeTo) : std::nullopt;
+  return scaled ? std::optional(Image(*scaled)) : std::nullopt;
+}
+
+std::optional<Image> swiftUIImage(std::span<const std::uint8_t> bytes) {
+  auto picture = zqImage(bytes);
+  return picture ? std::optional(Image(std::move(*picture))) : std::nullopt;
+}
+
 Image Image::font(Font font) const {
   return with(*this, &Image::font_, font);
 }
@@ -132,7 +159,12 @@ Image Image::foregroundColor(std::optional<Color> color) const {
 }
 
 Image Image::resizable(bool aspectFit) const {
-  return with(with(*this, &Image::resizable_, true), &Image::aspectFit_, aspectFit);
+  const auto mode = aspectFit ? std::optional(ContentMode::fit) : std::nullopt;
+  return with(with(*this, &Image::resizable_, true), &Image::mode_, mode);
+}
+
+Image Image::resizable(ContentMode mode) const {
+  return with(with(*this, &Image::resizable_, true), &Image::mode_, std::optional(mode));
 }
 
 Image Image::accessibilityLabel(std::string label) const {

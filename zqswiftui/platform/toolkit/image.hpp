@@ -1,15 +1,22 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
+#include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
 
+// Whether a picture keeps its proportions inside of the room that it is offered, or covers all of
+// it, reaching out of it on two sides.
+enum class ContentMode : unsigned char { fit, fill };
+
 // A symbol in the size of a font, or a picture at one point a pixel unless it is resizable.
-// Nothing is decoded or loaded here: pictures come in memory.
+// Pictures come in memory, but for those of a name or a URL, which the calling thread reads.
 //   Image::symbol("star.fill").font(Font::title2()).foregroundColor(Color::yellow())
 class Image : public ViewModifiers<Image> {
  public:
@@ -19,10 +26,18 @@ class Image : public ViewModifiers<Image> {
   // A picture of the application's own resources; nothing where there is none of that name.
   static Image named(const std::string& name);
 
+  // What a file or something remote holds; nothing where it cannot be read or is no picture.
+  // Any thread, which waits: on the interface thread only for small files that are near.
+  static std::optional<Image> fromUrl(const Url& url);
+  // The same, scaled so that the longer side has that many pixels, from 1 to 16384; nothing
+  // outside of these. There is no time limit for what is remote.
+  static std::optional<Image> fromUrl(const Url& url, int andResizeTo);
+
   Image font(Font font) const;                              // the size of a symbol
   Image foregroundColor(std::optional<Color> color) const;  // none: as it was
   // Fills the room that is offered; aspectFit keeps the proportions inside of it.
   Image resizable(bool aspectFit = true) const;
+  Image resizable(ContentMode mode) const;
   Image accessibilityLabel(std::string label) const;
   operator View() const;  // NOLINT(google-explicit-constructor)
 
@@ -37,7 +52,10 @@ class Image : public ViewModifiers<Image> {
   std::optional<Color> color_;
   std::string label_;
   bool resizable_ = false;
-  bool aspectFit_ = true;
+  std::optional<ContentMode> mode_ = ContentMode::fit;  // none: stretched
 };
+
+// The picture that the bytes of an image file hold; nothing where they are none. Any thread.
+std::optional<Image> swiftUIImage(std::span<const std::uint8_t> bytes);
 
 }  // namespace zq

@@ -12,13 +12,14 @@ void detail::ViewMark::mark() {
 void MarkInbox::add(const std::shared_ptr<detail::ViewMark>& mark,
                     const std::optional<Animation>& how) {
   const std::scoped_lock lock(mutex_);
+  if (!host_) return;
   bool known = false;
   if (how) {
     for (const auto& m : marks_) known = known || m == mark;
   }
   mark->animation_ = how;
   if (!known) marks_.push_back(mark);
-  if (woken_ || !host_) return;
+  if (woken_) return;
   woken_ = true;
   host_->frameRequested();
 }
@@ -31,8 +32,11 @@ void MarkInbox::wake() {
 }
 
 void MarkInbox::close() {
+  // They hold this inbox, as it holds them.
+  std::vector<std::shared_ptr<detail::ViewMark>> dropped;
   const std::scoped_lock lock(mutex_);
   host_ = nullptr;
+  dropped.swap(marks_);
 }
 
 void MarkInbox::beginFrame() {

@@ -12,10 +12,15 @@
 #include <zqswiftui/controls/zq_cancel_continue_lower_bar.hpp>
 #include <zqswiftui/controls/zq_capsuled_text.hpp>
 #include <zqswiftui/controls/zq_favorite_button.hpp>
+#include <zqswiftui/controls/zq_labeled_spinner.hpp>
 #include <zqswiftui/controls/zq_large_square_button.hpp>
 #include <zqswiftui/controls/zq_plus_minus_buttons.hpp>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
+#include <zqswiftui/images/zq_an_image.hpp>
+#include <zqswiftui/images/zq_concurrent_deferred_image.hpp>
+#include <zqswiftui/images/zq_deferred_image.hpp>
+#include <zqswiftui/images/zq_pasteboard_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 #include <zqswiftui/layout/zq_tags_view.hpp>
 #include <zqswiftui/layout/zq_tokens_view.hpp>

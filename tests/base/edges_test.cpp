@@ -288,6 +288,22 @@ TEST(ThreadPoolEdges, fastWorkGoesFirstAndTheEndDropsWhatHasNotBegun) {
   EXPECT_EQ(held.use_count(), 1);
 }
 
+// Work that goes on in a next piece, as the loading of many pictures does, reaches for the
+// executor while its platform ends.
+struct Endless {
+  std::shared_ptr<int> held;
+  void operator()() const { Queue::execute(false, *this); }
+};
+
+TEST(ThreadPoolEdges, workThatGoesOnForEverEndsWithItsPlatform) {
+  const auto held = std::make_shared<int>(0);
+  for (int i = 0; i < 20; ++i) {
+    const HeadlessPlatform platform(BackgroundMode::threads);
+    for (int k = 0; k < 8; ++k) Queue::execute(false, Endless{held});
+  }
+  EXPECT_EQ(held.use_count(), 1);
+}
+
 TEST(WorkEdges, aQueueThatIsGoneStillRunsWhatWasPostedAndSyncFromItselfStops) {
   HeadlessPlatform platform;
   std::string order;

@@ -11,7 +11,7 @@ ThreadPool::ThreadPool() {
   for (unsigned i = 0; i < count; ++i) workers_.emplace_back([this] { runWorker(); });
 }
 
-ThreadPool::~ThreadPool() {
+void ThreadPool::close() {
   std::deque<std::function<void()>> dropped;  // ended after the lock: it may post again
   {
     const std::lock_guard lock(mutex_);
@@ -22,6 +22,7 @@ ThreadPool::~ThreadPool() {
   }
   workOrStop_.notify_all();
   for (std::thread& worker : workers_) worker.join();
+  workers_.clear();
 }
 
 void ThreadPool::post(std::function<void()> work, bool fast) {

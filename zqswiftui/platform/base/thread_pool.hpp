@@ -11,16 +11,18 @@
 
 namespace zq {
 
-// Background work on two to four threads, as the machine has processors. Destruction waits
-// for the work that runs and drops what has not begun. Any thread but its own may destroy it.
+// Background work on two to four threads, as the machine has processors.
 class ThreadPool : public Background {
  public:
   ThreadPool();
-  ~ThreadPool() override;
+  ~ThreadPool() override { close(); }
   ThreadPool(const ThreadPool&) = delete;
   ThreadPool& operator=(const ThreadPool&) = delete;
 
   void post(std::function<void()> work, bool fast) override;
+  // Waits for the work that runs, and drops what has not begun and what is posted from now on,
+  // which what runs or is dropped may still do. Any thread but its own.
+  void close();
   // Waits until nothing runs and nothing is queued.
   void waitUntilIdle();
 

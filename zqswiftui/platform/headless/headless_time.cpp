@@ -105,7 +105,7 @@ void HeadlessTime::runUntilIdle() {
 }
 
 void HeadlessTime::dropAll() {
-  threads_.reset();
+  if (threads_) threads_->close();
   std::deque<std::function<void()>> work;
   std::map<Key, std::function<void()>> delayed;
   const std::lock_guard lock(mutex_);

@@ -25,7 +25,7 @@ Platform::Platform(QApplication& application) {
 Platform::~Platform() {
   writeWhatWaits();
   ZQPressureTask::dropAll();
-  background_.reset();
+  background_.close();
   // What is dropped may still ask for services as it goes.
   downloads_.dropAll();
   mainQueue_.dropAll();

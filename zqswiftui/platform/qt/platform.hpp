@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <zqswiftui/platform/base/thread_pool.hpp>
 #include <zqswiftui/platform/qt/bundle.hpp>
 #include <zqswiftui/platform/qt/bus_notifications.hpp>
@@ -31,7 +30,7 @@ class Platform final : public zq::Platform {
 
   MainQueue& mainQueue() override { return mainQueue_; }
   Clock& clock() override { return clock_; }
-  Background& background() override { return *background_; }
+  Background& background() override { return background_; }
   DistributedNotifications& notifications() override { return notifications_; }
   Pasteboard& pasteboard() override { return pasteboard_; }
   DragData& dragData() override { return dragData_; }
@@ -61,7 +60,7 @@ class Platform final : public zq::Platform {
   TextMeasurer textMeasurer_;
   Downloads downloads_{mainQueue_};
   Appearance appearance_;
-  std::unique_ptr<ThreadPool> background_ = std::make_unique<ThreadPool>();
+  ThreadPool background_;
 };
 
 }  // namespace zq::qt

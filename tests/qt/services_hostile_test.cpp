@@ -87,9 +87,14 @@ TEST(QtImageFiles, aHeaderThatClaimsTheEarthIsRefusedByIt) {
     png[at + 1] = 0xff;
   }
   EXPECT_FALSE(codec.decode(png, {}));
+  EXPECT_EQ(codec.declaredPixels(encoded(scene(60, 40), "JPG")), 2400);
+  EXPECT_EQ(codec.declaredPixels({}), 0);
+  EXPECT_EQ(codec.declaredPixels(Bytes{'x'}), 0);
   const std::string svg =
       "<svg xmlns='http://www.w3.org/2000/svg' width='2000000' height='2000000'/>";
-  EXPECT_FALSE(codec.decode(Bytes(svg.begin(), svg.end()), {}));
+  const Bytes drawing(svg.begin(), svg.end());
+  EXPECT_FALSE(codec.decode(drawing, {}));
+  EXPECT_EQ(codec.declaredPixels(drawing), std::int64_t{4000000000000});
 }
 
 TEST(QtImageFiles, aDrawingIsReadAtItsSize) {

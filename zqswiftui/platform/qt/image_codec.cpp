@@ -23,8 +23,12 @@ QSize fitted(QSize size, int maxSide) {
   return {side(size.width()), side(size.height())};
 }
 
+std::int64_t pixelsOf(QSize size) {
+  return std::int64_t{size.width()} * size.height();
+}
+
 bool exceeds(QSize size, const DecodeLimits& limits) {
-  return std::int64_t{size.width()} * size.height() > limits.maxPixels;
+  return pixelsOf(size) > limits.maxPixels;
 }
 
 // Some readers fill what a cut file lacks with gray instead of refusing it.
@@ -88,6 +92,17 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
     image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
   return toPixels(image);
+}
+
+std::int64_t ImageCodec::declaredPixels(std::span<const std::uint8_t> bytes) const {
+  QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                            static_cast<qsizetype>(bytes.size()));
+  QBuffer buffer(&data);
+  if (bytes.empty() || !buffer.open(QIODevice::ReadOnly)) return 0;
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  const QSize size = reader.size();
+  return size.isValid() ? pixelsOf(size) : 0;
 }
 
 Bytes ImageCodec::encodePng(const Pixels& pixels) const {

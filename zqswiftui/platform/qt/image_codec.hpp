@@ -11,6 +11,7 @@ class ImageCodec final : public zq::ImageCodec {
   ImageCodec();
   std::optional<Pixels> decode(std::span<const std::uint8_t> bytes,
                                const DecodeLimits& limits) const override;
+  std::int64_t declaredPixels(std::span<const std::uint8_t> bytes) const override;
   Bytes encodePng(const Pixels& pixels) const override;
 };
 

@@ -19,6 +19,10 @@ class ObservableObject {
   ObservableObject& operator=(const ObservableObject&) = delete;
   virtual ~ObservableObject() = default;
 
+  // Called on the interface thread when a view begins to observe the object: what it works on
+  // for somebody who looks may go first.
+  virtual void wasObserved() {}
+
   // Sent before each change, on the thread that makes it.
   Signal<> willChange;
 

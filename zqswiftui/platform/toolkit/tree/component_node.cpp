@@ -138,6 +138,7 @@ void Context::observeObject(const std::shared_ptr<ObservableObject>& object) {
   place.before = object->willChange.connect(tell);
   place.after = object->didChange.connect(tell);
   place.object = object;
+  object->wasObserved();
 }
 
 const Environment& Context::environmentValues() {

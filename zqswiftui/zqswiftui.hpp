@@ -17,10 +17,16 @@
 #include <zqswiftui/controls/zq_plus_minus_buttons.hpp>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
+#include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/zq_an_image.hpp>
+#include <zqswiftui/images/zq_cached_image.hpp>
 #include <zqswiftui/images/zq_concurrent_deferred_image.hpp>
 #include <zqswiftui/images/zq_deferred_image.hpp>
+#include <zqswiftui/images/zq_local_url_image.hpp>
 #include <zqswiftui/images/zq_pasteboard_image.hpp>
+#include <zqswiftui/images/zq_shared_cached_image.hpp>
+#include <zqswiftui/images/zq_sub_file_cached_image.hpp>
+#include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 #include <zqswiftui/layout/zq_tags_view.hpp>
 #include <zqswiftui/layout/zq_tokens_view.hpp>

@@ -1,0 +1,119 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+// Many pictures on real threads: what the race detector is to look at.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <tests/images/picture_sources.hpp>
+#include <vector>
+#include <zqswiftui/images/zq_cached_image.hpp>
+#include <zqswiftui/images/zq_local_url_image.hpp>
+#include <zqswiftui/images/zq_shared_cached_image.hpp>
+#include <zqswiftui/images/zq_sub_file_cached_image.hpp>
+#include <zqswiftui/images/zq_url_image.hpp>
+#include <zqswiftui/platform/toolkit/toolkit.hpp>
+
+namespace zq {
+namespace {
+
+constexpr int kSources = 2000;
+constexpr int kRounds = 8;
+constexpr int kFiles = 20;
+
+// Five kinds of sources in turn, some of them missing or no pictures.
+class PictureThreads : public PictureSources {
+ protected:
+  PictureThreads() : PictureSources(BackgroundMode::threads) {
+    std::vector<ZQShareApp::Item> items;
+    for (int i = 0; i < kFiles; ++i) {
+      const std::string name = "f" + std::to_string(i);
+      if (i % 5 == 4) {
+        write(name, {'x'});
+      } else {
+        file(name, i + 1);
+      }
+      remote(name, i + 1);
+    }
+    for (int i = 0; i < kSources; ++i)
+      items.push_back({id(i), "f" + std::to_string(i % kFiles), ""});
+    record = std::make_unique<ZQShareApp>(missing(""), std::move(items));
+  }
+
+  std::string id(int i) const { return host + "-" + std::to_string(i); }
+  Url url(int i) const {
+    // Sources of their own, of few files: what follows the mark is no part of the path.
+    const std::string path = folder.path("f" + std::to_string(i % (kFiles + 1)));
+    return *Url::parse(Url::file(path).text() + "?" + std::to_string(i));
+  }
+  View view(int i) {
+    const ZQSubFiles store(missing(""));
+    switch (i % 5) {
+      case 0:
+        return ZQCachedImage(url(i));
+      case 1:
+        return ZQSharedCachedImage({.id = id(i), .shareApp = *record});
+      case 2:
+        // Ids of a store are names of files, of which there are few.
+        return ZQSubFileCachedImageView({.id = "f" + std::to_string(i % kFiles),
+                                         .subFiles = store,
+                                         .decodeSize = DecodeSize{static_cast<double>(1 + i), 1}});
+      case 3:
+        return ZQURLImageView(address("f" + std::to_string(i % kFiles)),
+                              {.decodeSize = DecodeSize{static_cast<double>(1 + i), 1}});
+      default:
+        return ZQLocalURLImageView(url(i));
+    }
+  }
+  // Of every third source.
+  void invalidateSome(int from, int end) {
+    for (int i = from; i < end; i += 3) {
+      ZQCachedImage::invalidate(url(i));
+      ZQSharedCachedImage::invalidate(id(i));
+      ZQSubFileCachedImageView::invalidate("f" + std::to_string(i % kFiles));
+    }
+  }
+
+  std::unique_ptr<ZQShareApp> record;
+};
+
+TEST_F(PictureThreads, thousandsAreLoadedInvalidatedAndClosedMeanwhile) {
+  std::atomic<int> told{0};
+  std::vector<Subscription> observers;
+  for (int round = 0; round < kRounds; ++round) {
+    const int from = round * kSources / kRounds, end = (round + 1) * kSources / kRounds;
+    std::vector<View> views;
+    for (int i = from; i < end; ++i) views.push_back(view(i));
+    for (int i = from; i < end; i += 5) {
+      const auto model = ZQCachedImageVM::lookup(url(i));
+      observers.push_back(model->didChange.connect([&told, weak = std::weak_ptr(model)] {
+        const auto alive = weak.lock();
+        if (alive && (alive->image_.get() || alive->status == ZQCachedImageVM::Status::failed)) {
+          ++told;
+        }
+      }));
+    }
+    invalidateSome(from, end);
+    { const Harness closing(HStack(std::vector<View>(views.begin(), views.begin() + 50))); }
+    invalidateSome(from, end);
+    if (round % 2 == 0) observers.clear();
+  }
+  platform.advance(5);
+  EXPECT_GT(told, 0);
+  for (int i = 0; i < kSources; i += 5) {
+    const auto model = ZQCachedImageVM::lookup(url(i));
+    platform.runUntilIdle();
+    const int file = i % (kFiles + 1);
+    EXPECT_EQ(model->status == ZQCachedImageVM::Status::failed, file % 5 == 4 || file == kFiles);
+  }
+}
+
+TEST_F(PictureThreads, aPlatformThatEndsInTheMiddleOfItWaitsForNothing) {
+  std::vector<View> views;
+  for (int i = 0; i < kSources; ++i) views.push_back(view(i));
+  platform.mainQueue().dropAll();
+  EXPECT_FALSE(views.empty());
+}
+
+}  // namespace
+}  // namespace zq

@@ -1,0 +1,37 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <zqswiftui/images/picture_limits.hpp>
+#include <zqswiftui/images/picture_order.hpp>
+#include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/base/zq_image.hpp>
+
+// Inside of images/ only.
+namespace zq::detail {
+
+struct LoadedPicture {
+  std::optional<ZQImage> image;
+  Bytes bytes;          // what was read, also where it is no picture
+  std::string failure;  // a sentence where there is no picture
+};
+
+// Within the limit on pixels, and scaled down to maxSide where that is not 0. What the picture is
+// called in the sentence: its file, address or id. Waits for the decoder.
+LoadedPicture decodePicture(Bytes bytes, int maxSide, const std::string& name);
+
+// Reads or downloads what the URL names, decodes it and hands it over, on a background thread
+// each, in the order of PictureOrder. The answer does not come where the platform ends before.
+void loadPicture(const std::shared_ptr<PictureModel>& model, const Url& url, int maxSide,
+                 std::function<void(LoadedPicture)> answer);
+
+inline int maxSideOf(const std::optional<DecodeSize>& size) {
+  return size ? size->pixels() : 0;
+}
+
+}  // namespace zq::detail

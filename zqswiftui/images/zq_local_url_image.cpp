@@ -1,0 +1,53 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
+#include <zqswiftui/images/picture_list.hpp>
+#include <zqswiftui/images/picture_loading.hpp>
+#include <zqswiftui/images/zq_local_url_image.hpp>
+#include <zqswiftui/platform/base/work.hpp>
+#include <zqswiftui/platform/toolkit/context.hpp>
+#include <zqswiftui/platform/toolkit/image.hpp>
+#include <zqswiftui/platform/toolkit/stacks.hpp>
+
+namespace zq {
+
+std::shared_ptr<ZQLocalURLImage> ZQLocalURLImage::lookup(const std::optional<Url>& url,
+                                                         const std::optional<DecodeSize>& size) {
+  static detail::PictureList<Url, ZQLocalURLImage> models;
+  const int maxSide = detail::maxSideOf(size);
+  return models.find(url, maxSide, [&] {
+    std::shared_ptr<ZQLocalURLImage> model(new ZQLocalURLImage(url));
+    if (url) model->load(maxSide);
+    return model;
+  });
+}
+
+void ZQLocalURLImage::load(int maxSide) {
+  status = Status::loading;
+  detail::loadPicture(shared_from_this(), *url, maxSide,
+                      [self = shared_from_this()](detail::LoadedPicture picture) {
+                        if (!picture.image) {
+                          self->noteFailure(std::move(picture.failure));
+                          self->status = Status::failed;
+                          return;
+                        }
+                        XMain::execute([self, image = std::move(picture.image)] {
+                          self->image_ = image;
+                          self->status = Status::ready;
+                        });
+                      });
+}
+
+ZQLocalURLImageView::ZQLocalURLImageView(std::optional<Url> url)
+    : ZQLocalURLImageView(std::move(url), {}) {}
+
+ZQLocalURLImageView::ZQLocalURLImageView(std::optional<Url> url, const Parameters& parameters)
+    : url_(std::move(url)), image_(ZQLocalURLImage::lookup(url_, parameters.decodeSize)) {}
+
+View ZQLocalURLImageView::body(Context& context) const {
+  const auto picture = context.observe(image_).image_.snapshot();
+  if (!url_ || !*picture) return {};
+  const View row = HStack({Spacer(), Image(**picture).resizable(), Spacer()});
+  return VStack({Spacer(), row, Spacer()});
+}
+
+}  // namespace zq

@@ -1,0 +1,150 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <cstdio>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+#include <zqswiftui/images/picture_list.hpp>
+#include <zqswiftui/images/picture_loading.hpp>
+#include <zqswiftui/images/stored_picture.hpp>
+#include <zqswiftui/images/zq_shared_cached_image.hpp>
+#include <zqswiftui/platform/base/work.hpp>
+#include <zqswiftui/platform/base/zq_cache.hpp>
+#include <zqswiftui/platform/toolkit/color.hpp>
+#include <zqswiftui/platform/toolkit/context.hpp>
+
+namespace zq {
+namespace {
+
+ZQCache& pictures() {
+  static ZQCache cache;
+  return cache;
+}
+
+std::string cacheKey(const Url& url, int maxSide) {
+  if (maxSide == 0) return url.path();
+  // No path holds a zero byte, so a key of a size is none of a path.
+  return url.path() + '\0' + std::to_string(maxSide);
+}
+
+}  // namespace
+
+// A file that is being read, and the models that wait for it. It belongs to the answer of the
+// reading: where that is dropped, the next who asks begins anew.
+struct ZQSharedCachedImageVM::Load {
+  std::string key;
+  std::vector<Weak> waiting;
+
+  static std::unordered_map<std::string, std::weak_ptr<Load>>& underWay() {
+    static std::unordered_map<std::string, std::weak_ptr<Load>> loads;
+    return loads;
+  }
+};
+
+auto& ZQSharedCachedImageVM::list() {
+  static detail::PictureList<std::string, ZQSharedCachedImageVM> models;
+  return models;
+}
+
+std::shared_ptr<ZQSharedCachedImageVM> ZQSharedCachedImageVM::lookup(
+    const std::optional<std::string>& id, const ZQShareApp& shareApp,
+    const std::optional<DecodeSize>& size) {
+  const int maxSide = detail::maxSideOf(size);
+  return list().find(id, maxSide, [&] {
+    std::shared_ptr<ZQSharedCachedImageVM> model(new ZQSharedCachedImageVM(id, maxSide));
+    if (id) {
+      detail::PictureOrder::shared().add(detail::PictureLane::local, model,
+                                         [weak = Weak(model), shareApp, id](const auto&) {
+                                           detach(resolve(weak, shareApp, *id));
+                                         });
+    }
+    return model;
+  });
+}
+
+Task<void> ZQSharedCachedImageVM::resolve(Weak weak, ZQShareApp shareApp, std::string id) {
+  const std::optional<Url> local = co_await shareApp.urlForId(id, false);
+  if (!local) {
+    // Only what is missing waits among the downloads.
+    detail::PictureOrder::shared().add(
+        detail::PictureLane::remote, weak.lock(),
+        [weak, shareApp, id](std::shared_ptr<detail::PictureTurn> turn) {
+          detach(fetch(weak, shareApp, id, std::move(turn)));
+        });
+    co_return;
+  }
+  co_await onMain();
+  loadOnMain(weak, *local);
+}
+
+Task<void> ZQSharedCachedImageVM::fetch(Weak weak, ZQShareApp shareApp, std::string id,
+                                        std::shared_ptr<detail::PictureTurn> turn) {
+  const std::optional<Url> local = co_await shareApp.urlForId(id, true);
+  turn.reset();
+  if (!local) co_return;
+  co_await onMain();
+  loadOnMain(weak, *local);
+}
+
+void ZQSharedCachedImageVM::loadOnMain(const Weak& weak, const Url& url) {
+  if (const auto model = weak.lock()) model->load(url);
+}
+
+// A picture that is kept is there at once. One that is not is read and decoded in the background,
+// so that nothing stands still meanwhile, with the same steps in the same order for who looks; who
+// needs the same file meanwhile waits for it, as it would find it kept if it came later.
+void ZQSharedCachedImageVM::load(const Url& url) {
+  std::puts("loadImage");
+  status = Status::loading;
+  const std::string key = cacheKey(url, maxSide_);
+  auto kept = pictures().getCachedOrExecute<ZQImage>(key, [] { return std::optional<ZQImage>(); });
+  if (kept) return take({std::move(kept), {}, {}});
+  std::weak_ptr<Load>& known = Load::underWay()[key];
+  if (const auto load = known.lock()) {
+    load->waiting.push_back(weak_from_this());
+    return;
+  }
+  const auto load = std::make_shared<Load>(Load{key, {weak_from_this()}});
+  known = load;
+  detail::loadPicture(shared_from_this(), url, maxSide_, [load](detail::LoadedPicture picture) {
+    picture.bytes = {};
+    XMain::execute([load, picture = std::move(picture)] { finish(*load, picture); });
+  });
+}
+
+void ZQSharedCachedImageVM::finish(const Load& load, const detail::LoadedPicture& picture) {
+  Load::underWay().erase(load.key);
+  pictures().getCachedOrExecute<ZQImage>(load.key, [&] { return picture.image; });
+  for (const Weak& weak : load.waiting) {
+    if (const auto model = weak.lock()) model->take(picture);
+  }
+}
+
+void ZQSharedCachedImageVM::take(const detail::LoadedPicture& picture) {
+  if (picture.image) {
+    image_ = picture.image;
+    status = Status::ready;
+  } else {
+    noteFailure(picture.failure);
+    status = Status::failed;
+  }
+  XMain::post([weak = weak_from_this()] {
+    if (const auto model = weak.lock()) model->willChange.send();
+  });
+}
+
+ZQSharedCachedImage::ZQSharedCachedImage(const Parameters& parameters)
+    : id_(parameters.id),
+      cornerRadius_(parameters.cornerRadius),
+      aspectRatio_(parameters.aspectRatio),
+      image_(ZQSharedCachedImageVM::lookup(id_, parameters.shareApp, parameters.decodeSize)) {}
+
+void ZQSharedCachedImage::invalidate(const std::string& id) {
+  ZQSharedCachedImageVM::list().forget(id);
+}
+
+View ZQSharedCachedImage::body(Context& context) const {
+  const auto picture = context.observe(image_).image_.get();
+  return id_ ? detail::storedPicture(picture, aspectRatio_) : View(Color::clear());
+}
+
+}  // namespace zq

@@ -18,3 +18,12 @@ if(NOT ZQ_DBUS_LIBRARY OR NOT ZQ_DBUS_INCLUDE OR NOT ZQ_DBUS_ARCH_INCLUDE)
 endif()
 target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_DBUS_INCLUDE} ${ZQ_DBUS_ARCH_INCLUDE})
 target_link_libraries(zq_qt PRIVATE dbus-1)
+
+# libxcb: what another program has on the clipboard is asked for without waiting in Qt.
+find_library(ZQ_XCB_LIBRARY xcb)
+find_path(ZQ_XCB_INCLUDE xcb/xcb.h)
+if(NOT ZQ_XCB_LIBRARY OR NOT ZQ_XCB_INCLUDE)
+  message(FATAL_ERROR "libxcb is missing: install libxcb1-dev, or configure with -DZQ_QT=OFF.")
+endif()
+target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_XCB_INCLUDE})
+target_link_libraries(zq_qt PRIVATE xcb)

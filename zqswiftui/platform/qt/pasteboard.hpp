@@ -3,6 +3,8 @@
 
 #include <QMetaObject>
 #include <QStringList>
+#include <memory>
+#include <zqswiftui/platform/qt/selection_reader.hpp>
 #include <zqswiftui/platform/services/main_queue.hpp>
 #include <zqswiftui/platform/services/pasteboard.hpp>
 
@@ -10,9 +12,10 @@ class QMimeData;
 
 namespace zq::qt {
 
-// The desktop's clipboard. Each question waits for the content's owner, and a hung one lets it
-// wait for seconds: so the owner is asked once what it has, only that is fetched, and who did
-// not answer is not asked again until the content changes.
+// The desktop's clipboard. What belongs to another program must be asked for, and one that hangs
+// lets it wait for seconds. On X a thread of our own waits. Elsewhere Qt does, on the interface
+// thread: there the owner is asked once what it has, only that is fetched, and who did not answer
+// is not asked again until the content changes.
 class Pasteboard final : public zq::Pasteboard {
  public:
   explicit Pasteboard(zq::MainQueue& queue);
@@ -29,10 +32,9 @@ class Pasteboard final : public zq::Pasteboard {
 
  private:
   template <class T>
-  void answerLater(Answer<T> answer, std::optional<T> (Pasteboard::*read)());
-  std::optional<std::string> text();
-  std::optional<Bytes> image();
-  std::optional<std::vector<std::string>> urls();
+  void answerLater(Answer<T> answer, const std::vector<std::string>& types,
+                   std::optional<T> (*read)(const QMimeData&, const QStringList&));
+  bool ownerMayHang() const;
   const QMimeData* contents();
 
   zq::MainQueue& queue_;
@@ -40,6 +42,7 @@ class Pasteboard final : public zq::Pasteboard {
   std::uint64_t changeCount_ = 0;
   std::uint64_t formatsOf_ = ~std::uint64_t{0};
   QStringList formats_;
+  std::unique_ptr<SelectionReader> others_;  // none where the display is none of X
 };
 
 }  // namespace zq::qt

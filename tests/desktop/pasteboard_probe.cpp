@@ -1,0 +1,98 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+// A window that follows the pasteboard's picture, for the tests on a virtual display. It says
+// what it shows, and how long its interface thread was ever kept from its work.
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QImage>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+#include <zqswiftui/platform/base/zq_pasteboard.hpp>
+#include <zqswiftui/platform/qt/host_widget.hpp>
+#include <zqswiftui/platform/qt/platform.hpp>
+#include <zqswiftui/zqswiftui.hpp>
+
+namespace {
+
+using namespace zq;
+
+constexpr int kBeat = 10;  // milliseconds
+
+void say(const std::string& line) {
+  std::cout << line << std::endl;  // the script waits for each line
+}
+
+// Measures by a timer how late the interface thread is.
+class Heart : public QObject {
+ public:
+  Heart() {
+    since_.start();
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.callOnTimeout(this, [this] { longest_ = std::max(longest_, since_.restart()); });
+    timer_.start(kBeat);
+  }
+  qint64 takeLongest() { return std::exchange(longest_, 0); }
+
+ private:
+  QTimer timer_;
+  QElapsedTimer since_;
+  qint64 longest_ = 0;
+};
+
+std::string sizeText(const std::optional<ZQImage>& image) {
+  if (!image) return "nothing";
+  return std::to_string(image->width()) + "x" + std::to_string(image->height());
+}
+
+void act(const std::string& line, qt::HostWidget& window, Heart& heart) {
+  std::istringstream words(line);
+  std::string verb, path;
+  int width = 0, height = 0;
+  words >> verb;
+  if (verb == "hide") window.hide();
+  if (verb == "show") window.show();
+  if (verb == "press") {
+    for (const AccessibilityNode& node : window.host().accessibilityTree().children) {
+      window.host().accessibilityPress(node.id);
+    }
+  }
+  if (verb == "text") {
+    ZQPasteboard::getString([](const auto& text) { say("text " + text.value_or("none")); });
+  }
+  if (verb == "longest") say("longest " + std::to_string(heart.takeLongest()));
+  if (verb == "picture" && words >> path >> width >> height) {
+    QImage image(width, height, QImage::Format_RGBA8888);
+    // Noise, which no format makes small.
+    quint32 seed = 1;
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) {
+        seed = seed * 1664525U + 1013904223U;
+        image.setPixelColor(x, y, QColor::fromRgb(seed >> 8));
+      }
+    }
+    say(image.save(QString::fromStdString(path)) ? "written" : "not written");
+  }
+  say("done " + verb);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  const qt::Platform platform(app);
+  const auto tapped = [](const ZQImage& image) { say("holds " + sizeText(image)); };
+  qt::HostWidget window(ZQPasteboardImage({.maxSize = Size{64, 64}, .tappedCallback = tapped}));
+  window.resize(100, 100);
+  window.show();
+  Heart heart;
+  QSocketNotifier input(0, QSocketNotifier::Read);
+  QObject::connect(&input, &QSocketNotifier::activated, &app, [&] {
+    std::string line;
+    if (!std::getline(std::cin, line)) return app.quit();
+    act(line, window, heart);
+  });
+  say("ready");
+  return QApplication::exec();
+}

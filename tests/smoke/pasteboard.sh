@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# Pictures and texts copied in another program, small and large, and an owner of the clipboard
+# that hangs: the window goes on, and shows the picture once the owner answers.
+set -euo pipefail
+bin=$1
+for program in Xvfb xclip; do
+  command -v "$program" >/dev/null || exit 77
+done
+[[ -x $bin/pasteboard_probe ]] || exit 77
+
+home=$(mktemp -d)
+mkdir -m 0700 "$home/runtime"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill -CONT "$pid" 2>/dev/null && kill "$pid" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$home"
+}
+trap cleanup EXIT
+export HOME=$home XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb
+export DBUS_SESSION_BUS_ADDRESS=disabled:
+
+Xvfb -displayfd 5 -screen 0 640x480x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
+pids+=($!)
+until_true() {  # waits for a condition, not for a time
+  for _ in $(seq 400); do
+    if "$@"; then return 0; fi
+    sleep 0.05
+  done
+  echo "never came: $*" >&2
+  cat "$home/out" >&2
+  exit 1
+}
+until_true test -s "$home/display"
+DISPLAY=:$(cat "$home/display")
+export DISPLAY
+
+mkfifo "$home/in"
+: >"$home/out"
+"$bin/pasteboard_probe" <"$home/in" >>"$home/out" 2>"$home/err" &
+pids+=($!)
+exec 6>"$home/in"
+heard() { grep -qxF -- "$1" "$home/out"; }
+tell() {  # and waits until it is done
+  : >"$home/out"
+  echo "$*" >&6
+  until_true heard "done ${1}"
+}
+until_true heard ready
+tell picture "$home/small.png" 8 4
+tell picture "$home/large.png" 1600 1200
+tell picture "$home/third.png" 20 10
+
+own() {  # TARGET FILE: a program that has it on the clipboard
+  xclip -quiet -selection clipboard -t "$1" -i "$2" >/dev/null 2>&1 &
+  owner=$!
+  pids+=("$owner")
+  until_true owns "$1"
+}
+owns() { xclip -selection clipboard -o -t TARGETS 2>/dev/null | grep -qxF "$1"; }
+holds() {
+  echo press >&6
+  heard "holds $1"
+}
+
+own image/png "$home/small.png"
+until_true holds 8x4
+kill "$owner"
+own image/png "$home/large.png"
+until_true holds 1600x1200  # several megabytes, which come in pieces
+kill "$owner"
+printf 'gr\303\274n' >"$home/text"
+own UTF8_STRING "$home/text"
+tell text
+until_true heard "text grün"
+tell press
+until_true heard "holds 1600x1200"  # a text leaves the picture where it is
+kill "$owner"
+
+# Nobody asks while the window is hidden, so the owner hangs before its first answer.
+tell hide
+own image/png "$home/third.png"
+kill -STOP "$owner"
+tell longest
+tell show
+tell text
+until_true heard "text none"  # the time for an answer is over
+tell longest
+longest=$(sed -n 's/^longest //p' "$home/out")
+if [[ -z $longest ]] || ((longest > 1000)); then
+  echo "the interface thread stood still for $longest ms" >&2
+  exit 1
+fi
+kill -CONT "$owner"
+until_true holds 20x10
+echo "the interface thread waited at most $longest ms for an owner that hung"

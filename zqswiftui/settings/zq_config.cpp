@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 #include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_notify.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/settings/file_follower.hpp>
@@ -73,7 +74,9 @@ void ZQConfig::takeFile(const FollowedFile& file) {
 }
 
 void ZQConfig::setProject(std::optional<ZQUICProject> project) {
-  project_ = std::move(project);
+  project_.swap(project);
+  // To let go of a large project takes as long as to read it.
+  Queue::execute(false, [before = std::move(project)] {});
   generation_ = nextGeneration();
 }
 

@@ -54,9 +54,16 @@ void ZQUICProject::setGroupList(std::vector<ZQUICGroup> groups) {
 }
 
 void ZQUICProject::editGroupList(const std::function<void(std::vector<ZQUICGroup>&)>& edit) {
-  std::vector<ZQUICGroup> groups = content_->groups;
-  edit(groups);
-  setGroupList(std::move(groups));
+  // The save that waits is of these groups as they were; without it they may be nobody else's,
+  // and are then edited as they are. The save of the edited ones follows.
+  pressureQueue->drop();
+  const bool ours = content_.use_count() == 1;
+  struct Edited {
+    ~Edited() { project.setGroupList(std::move(groups)); }  // however the edit ends
+    ZQUICProject& project;
+    std::vector<ZQUICGroup> groups;
+  } edited{*this, ours ? std::move(content_->groups) : content_->groups};
+  edit(edited.groups);
 }
 
 std::vector<ZQUICItem> ZQUICProject::itemList() const {

@@ -112,6 +112,10 @@ void ZQPressureTask::flush() {
   if (const auto action = state_->take()) action();
 }
 
+void ZQPressureTask::drop() {
+  const auto dropped = state_->take();
+}
+
 bool ZQPressureTask::isPending() const {
   const std::lock_guard lock(state_->mutex);
   return static_cast<bool>(state_->action);

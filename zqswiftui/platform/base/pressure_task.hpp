@@ -22,6 +22,8 @@ class ZQPressureTask {
   void perform(double afterSeconds, std::function<void()> action);
   // Runs the pending action now, if there is one. Interface thread only.
   void flush();
+  // Forgets it.
+  void drop();
   bool isPending() const;
 
   // Of all tasks of the process, for a platform that ends. Interface thread only.

@@ -130,7 +130,8 @@ TEST(QtImageFiles, photographsAreTurnedUprightAlsoWhenTheyAreReduced) {
     bool turned;
     double darkX, darkY;  // of the size
   } rows[] = {{1, false, 0.25, 0.25}, {3, false, 0.75, 0.75}, {6, true, 0.75, 0.25},
-              {8, true, 0.25, 0.75},  {2, false, 0.75, 0.25}, {99, false, 0.25, 0.25}};
+              {8, true, 0.25, 0.75},  {2, false, 0.75, 0.25}, {4, false, 0.25, 0.75},
+              {5, true, 0.25, 0.25},  {7, true, 0.75, 0.75},  {99, false, 0.25, 0.25}};
   for (const auto& row : rows) {
     for (const int maxSide : {0, 20}) {
       const auto pixels = codec.decode(turnedJpeg(image, row.orientation), {.maxSide = maxSide});

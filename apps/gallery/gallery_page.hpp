@@ -15,12 +15,16 @@
   PAGE(square_buttons)         \
   PAGE(switching_buttons)      \
   PAGE(help_and_bars)          \
+  PAGE(labeled_spinner)        \
   PAGE(capsuled_text)          \
   PAGE(flow_layout)            \
   PAGE(tags_view)              \
   PAGE(tokens_view)            \
   PAGE(deferred_bindings)      \
   PAGE(settings)               \
+  PAGE(deferred_images)        \
+  PAGE(frame_animation)        \
+  PAGE(pasteboard_image)       \
   PAGE(text)                   \
   PAGE(stacks)                 \
   PAGE(shapes)                 \
@@ -42,7 +46,8 @@ struct GalleryPage {
   std::string title;
   std::string summary;
   std::function<View()> content;
-  std::string code;  // filled in from the page's own source
+  std::string code;    // filled in from the page's own source
+  double settles = 0;  // seconds until a picture of it shows what it is about
 };
 
 // A page that shows a component of that type.

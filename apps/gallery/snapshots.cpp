@@ -23,6 +23,7 @@ struct Picture {
   std::string name;
   View view;
   std::optional<Size> size;  // none: what the view wants when it is painted
+  double settles = 0;
 };
 
 Size sheetSize(const View& view) {
@@ -41,7 +42,7 @@ std::vector<Picture> pictures(std::optional<std::size_t> only,
   for (std::size_t i = 0; i < pages.size(); ++i) {
     if (only && *only != i) continue;
     const View sheet = PageSheet{i, words};
-    all.push_back({pageSlug(pages[i].title), sheet, std::nullopt});
+    all.push_back({pageSlug(pages[i].title), sheet, std::nullopt, pages[i].settles});
   }
   return all;
 }
@@ -64,7 +65,8 @@ Result<void> paintPages(const std::string& folder, std::optional<std::size_t> on
       const bool light = scheme == ColorScheme::light;
       const std::string name = picture.name + (light ? "-light.png" : "-dark.png");
       const std::string path = (std::filesystem::path(folder) / name).string();
-      const QImage image = qt::renderView(picture.view, size, 1, {.colorScheme = scheme});
+      const QImage image =
+          qt::renderView(picture.view, size, 1, {.colorScheme = scheme}, picture.settles);
       if (image.isNull() || !image.save(QString::fromStdString(path))) {
         return Error{"Cannot write " + path + "."};
       }

@@ -1,6 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QRegion>
+#include <QThread>
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -14,6 +17,7 @@ namespace zq::qt {
 namespace {
 
 constexpr double kMaxSide = 16384;
+constexpr int kFrameMilliseconds = 16;
 // Frames in which views may still ask for another, before one that never ends is shown as is.
 constexpr int kMaxFrames = 8;
 
@@ -44,9 +48,21 @@ void paintField(QPainter& painter, double scale, const TextFieldState& field) {
   canvas.pop();
 }
 
+// Events, and frames as a window asks for them.
+void letPass(double seconds, ViewHost& host) {
+  QElapsedTimer time;
+  time.start();
+  while (static_cast<double>(time.elapsed()) < seconds * 1000) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kFrameMilliseconds);
+    if (host.needsFrame() || host.animating()) host.frame();
+    QThread::msleep(1);
+  }
+}
+
 }  // namespace
 
-QImage renderView(View view, Size size, double scale, const AppearanceValues& appearance) {
+QImage renderView(View view, Size size, double scale, const AppearanceValues& appearance,
+                  double seconds) {
   const double factor = std::isfinite(scale) && scale > 0 ? scale : 1;
   const auto pixels = [&](double length) {
     return static_cast<int>(std::min(std::ceil(sanitized(length) * factor), kMaxSide));
@@ -61,6 +77,7 @@ QImage renderView(View view, Size size, double scale, const AppearanceValues& ap
   host.setAppearance(appearance);
   host.setSize(size);
   for (int i = 0; i < kMaxFrames && host.needsFrame(); ++i) host.frame();
+  if (seconds > 0) letPass(seconds, host);
   QPainter painter(&image);
   PainterCanvas canvas(painter, factor);
   host.paintAll(canvas);

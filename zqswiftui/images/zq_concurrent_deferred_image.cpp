@@ -34,7 +34,7 @@ std::shared_ptr<ZQConcurrentDeferredImageVM> ZQConcurrentDeferredImageVM::withId
              "ZQConcurrentDeferredImageVM: asked for on a thread that is not the interface thread");
   const auto known = list().find(id);
   if (known != list().end()) return known->second;
-  const Shared made(new ZQConcurrentDeferredImageVM(id, std::move(compute)));
+  Shared made(new ZQConcurrentDeferredImageVM(id, std::move(compute)));
   detach(begin(made));
   list().emplace(id, made);
   return made;

@@ -32,7 +32,7 @@ std::shared_ptr<ZQDeferredImageVM> ZQDeferredImageVM::withId(const std::string& 
              "ZQDeferredImageVM: asked for on a thread that is not the interface thread");
   const auto known = list().find(id);
   if (known != list().end()) return known->second;
-  const std::shared_ptr<ZQDeferredImageVM> made(new ZQDeferredImageVM(id, std::move(compute)));
+  std::shared_ptr<ZQDeferredImageVM> made(new ZQDeferredImageVM(id, std::move(compute)));
   made->start();
   list().emplace(id, made);
   return made;

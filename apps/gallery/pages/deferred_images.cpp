@@ -16,7 +16,8 @@ std::optional<ZQImage> julia(int number) {
   constexpr std::complex<double> kSeeds[] = {{-0.8, 0.156}, {0.285, 0.01},
       {-0.4, 0.6}, {-0.70176, -0.3842}, {-0.835, -0.2321},
       {-0.7269, 0.1889}};
-  const auto seed = kSeeds[number % 6] + 0.004 * (number / 6);
+  const int round = number / 6;
+  const auto seed = kSeeds[number % 6] + 0.004 * round;
   Pixels pixels{kWidth, kHeight, {}};
   for (int y = 0; y < kHeight; ++y) {
     for (int x = 0; x < kWidth; ++x) {

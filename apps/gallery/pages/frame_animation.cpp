@@ -16,10 +16,7 @@ struct FrameAnimation {
           .frame(96, 96)
           .environment<ReducedMotionKey>(reduced);
     };
-    std::vector<View> ten;
-    for (int i = 0; i < 10; ++i) {
-      ten.push_back(ZQAnImageView("orbit").frame(40, 40));
-    }
+    const std::vector<View> ten(10, ZQAnImageView("orbit").frame(40, 40));
     const View toggled =
         *shown ? View(ZQAnImageView("orbit").frame(96, 96))
                : View(note("Its timer is gone.")).frame(96, 96);

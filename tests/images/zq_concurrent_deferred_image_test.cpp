@@ -46,7 +46,7 @@ TEST(ZQConcurrentDeferredImage, tellsEachStatusOnTheInterfaceThreadAndThePicture
   std::string told;
   const Subscription changes = vm->didChange.connect([&] {
     EXPECT_TRUE(queue.isMainThread());
-    told += vm->image.get() ? 'i' : '-';
+    told += vm->image_.get() ? 'i' : '-';
     told += std::to_string(static_cast<int>(vm->status.get()));
   });
   platform.runUntilIdle();

@@ -33,7 +33,7 @@ TEST(ZQDeferredImage, isComputedOnceOffTheInterfaceThreadAndThereBeforeItIsReady
   std::string told;
   const Subscription changes = vm->didChange.connect([&] {
     EXPECT_TRUE(queue.isMainThread());
-    told += vm->image.get() ? 'i' : '-';
+    told += vm->image_.get() ? 'i' : '-';
     told += vm->status == VM::Status::ready ? 'r' : '-';
   });
   platform.runUntilIdle();

@@ -55,7 +55,7 @@ Task<void> ZQConcurrentDeferredImageVM::run(Shared self) {
   XMain::execute([weak = std::weak_ptr(self), picture = std::move(*picture)] {
     const auto shown = weak.lock();
     if (!shown) return;
-    shown->image = Image(picture);
+    shown->image_ = Image(picture);
     shown->status = Status::ready;
   });
 }
@@ -66,7 +66,7 @@ ZQConcurrentDeferredImageView::ZQConcurrentDeferredImageView(Parameters paramete
       customProgress_(parameters.customProgress) {}
 
 View ZQConcurrentDeferredImageView::body(Context& context) const {
-  if (const auto picture = context.observe(image_).image.get()) return picture->resizable();
+  if (const auto picture = context.observe(image_).image_.get()) return picture->resizable();
   if (!customProgress_) return waitingIndicator(scale_);
   return ZQLabeledSpinner(
       {.label = "", .color = customProgress_->color, .side = 32, .n = customProgress_->n});

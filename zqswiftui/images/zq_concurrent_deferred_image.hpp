@@ -40,7 +40,7 @@ class ZQConcurrentDeferredImageVM
   // thread.
   Published<Status> status{this, Status::startup};
   // There before the status says ready.
-  Published<std::optional<Image>> image{this};
+  Published<std::optional<Image>> image_{this};
 
  private:
   using Shared = std::shared_ptr<ZQConcurrentDeferredImageVM>;

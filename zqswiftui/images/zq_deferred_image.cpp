@@ -52,7 +52,7 @@ void ZQDeferredImageVM::run() {
   XMain::execute([weak = weak_from_this(), picture = std::move(*picture)] {
     const auto self = weak.lock();
     if (!self) return;
-    self->image = Image(picture);
+    self->image_ = Image(picture);
     self->status = Status::ready;
   });
 }
@@ -62,7 +62,7 @@ ZQDeferredImageView::ZQDeferredImageView(Parameters parameters)
       scale_(parameters.scale) {}
 
 View ZQDeferredImageView::body(Context& context) const {
-  if (const auto picture = context.observe(image_).image.get()) return picture->resizable();
+  if (const auto picture = context.observe(image_).image_.get()) return picture->resizable();
   return waitingIndicator(scale_);
 }
 

@@ -31,7 +31,7 @@ class ZQDeferredImageVM : public ObservableObject,
   const std::string id;
   Published<Status> status{this, Status::startup};
   // There before the status says ready; both change on the interface thread.
-  Published<std::optional<Image>> image{this};
+  Published<std::optional<Image>> image_{this};
 
  private:
   ZQDeferredImageVM(std::string givenId, Compute compute)

@@ -3,7 +3,7 @@
 
 Each run is a process of its own that answers a line of JSON for each item, itself a median of
 several repetitions; the table shows the median of the runs, and their least. Called by
-bench/run: compare.py [--rounds N] [--raw FILE] NAME=COMMAND...
+bench/run: compare.py [--pictures] [--rounds N] [--raw FILE] NAME=COMMAND...
 """
 import argparse
 import collections
@@ -12,10 +12,16 @@ import os
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 
 JOBS = [('items', 100), ('items', 1000), ('items', 10000)] + 3 * [('first-frame', 1000)] + \
        [('memory', 100), ('memory', 10000)]
+PICTURE_JOBS = [('pictures', 500), ('photographs', 100), ('pictures', 100), ('photographs', 20)]
+PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
+
+# What one more adds to what the process holds: the item, the runs with few and with many.
+MEMORY = [('W6', 100, 10000), ('P1', 100, 500), ('P2', 20, 100)]
 
 # What is promised: ours at most `most` times the other's, or below a fixed value.
 BARS = [
@@ -33,6 +39,12 @@ BARS = [
     ('full repaint', 'W7', 1000, 'floor', 'W7', 1.25),
     ('main to first frame', 'W3', 1000, 'qt-widgets', 'W3', 1),
     ('memory a tag', 'W6', 10000, 'bytes', 1024, 1),
+    ('pictures shown', 'P1', 500, 'floor', 'P1', 1.25),
+    ('pictures shown', 'P1', 500, 'qt-quick', 'P1', 1),
+    ('longest stall', 'P1-stall', 500, 'ms', 8, 1),
+    ('photographs shown', 'P2', 100, 'floor', 'P2', 1.25),
+    ('photographs shown', 'P2', 100, 'qt-quick', 'P2', 1),
+    ('longest stall', 'P2-stall', 100, 'ms', 8, 1),
 ]
 
 
@@ -41,21 +53,23 @@ def number(value):
     return f'{value:.{digits}f}'
 
 
-def run(commands, rounds, raw):
+def answers(name, command, arguments):
+    environment = dict(os.environ, BENCH_SPAWN_NS=str(time.time_ns()))
+    done = subprocess.run(command + arguments, env=environment, text=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    if done.returncode:
+        sys.exit(f'{name} {" ".join(arguments)} failed: {done.stderr.strip()[-300:]}')
+    return [json.loads(line) for line in done.stdout.splitlines() if line.startswith('{')]
+
+
+def run(commands, jobs, folder, rounds, raw):
     found = collections.defaultdict(list)
     for turn in range(rounds):
-        for place, (mode, n) in enumerate(JOBS):
+        for place, (mode, n) in enumerate(jobs):
             first = (turn + place) % len(commands)  # another one first each time
             for name, command in commands[first:] + commands[:first]:
-                environment = dict(os.environ, BENCH_SPAWN_NS=str(time.time_ns()))
-                done = subprocess.run(command + [mode, '--n', str(n)], env=environment, text=True,
-                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-                if done.returncode:
-                    sys.exit(f'{name} {mode} {n} failed: {done.stderr.strip()[-300:]}')
-                for line in done.stdout.splitlines():
-                    if not line.startswith('{'):
-                        continue
-                    result = json.loads(line)
+                arguments = [mode, '--n', str(n)] + (['--dir', folder] if folder else [])
+                for result in answers(name, command, arguments):
                     result.update(peer=name, round=turn)
                     found[result['item'], result['n'], name].append(result['median'])
                     if raw:
@@ -64,14 +78,24 @@ def run(commands, rounds, raw):
     return found
 
 
+def run_pictures(commands, rounds, raw):
+    commands = [(name, command) for name, command in commands if name in PICTURE_PROGRAMS]
+    with tempfile.TemporaryDirectory() as folder:
+        print('making the pictures', file=sys.stderr, flush=True)
+        answers('floor', dict(commands)['floor'], ['make', '--dir', folder])
+        return commands, run(commands, PICTURE_JOBS, folder, rounds, raw)
+
+
 def add_memory(found, names):
-    """What one tag adds to the peak between 100 and 10,000 of them, in bytes."""
-    for name in names:
-        few = found.pop(('W6-rss', 100, name), None)
-        many = found.pop(('W6-rss', 10000, name), None)
-        if few and many:
-            base = statistics.median(few)
-            found['W6', 10000, name] = [(m - base) * 1024 / 9900 for m in many]
+    """What one more adds to the memory, in bytes."""
+    for item, least, most in MEMORY:
+        for name in names:
+            few = found.pop((f'{item}-rss', least, name), None)
+            many = found.pop((f'{item}-rss', most, name), None)
+            if few and many:
+                base = statistics.median(few)
+                key = 'W6' if item == 'W6' else f'{item}-bytes'
+                found[key, most, name] = [(m - base) * 1024 / (most - least) for m in many]
 
 
 def print_rows(rows):
@@ -92,7 +116,7 @@ def print_table(found, names):
             cells.append(f'{number(statistics.median(values))} ({number(min(values))})'
                          if values else '-')
         rows.append([item, str(n) if n else ''] + cells)
-    print('\nMedians of the runs (least of them), ms; W6: bytes a tag\n')
+    print('\nMedians of the runs (least of them), ms; W6 and -bytes: bytes a tag or a picture\n')
     print_rows(rows)
 
 
@@ -114,13 +138,17 @@ def print_bars(found):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument('--pictures', action='store_true', help='walls of pictures, not tags')
     parser.add_argument('--rounds', type=int, default=5)
     parser.add_argument('--raw', type=argparse.FileType('a'), help='keeps every result as JSON')
     parser.add_argument('programs', nargs='+', metavar='NAME=COMMAND')
     arguments = parser.parse_args()
     commands = [(name, command.split())
                 for name, command in (p.split('=', 1) for p in arguments.programs)]
-    found = run(commands, arguments.rounds, arguments.raw)
+    if arguments.pictures:
+        commands, found = run_pictures(commands, arguments.rounds, arguments.raw)
+    else:
+        found = run(commands, JOBS, None, arguments.rounds, arguments.raw)
     names = [name for name, _ in commands]
     add_memory(found, names)
     print_table(found, names)

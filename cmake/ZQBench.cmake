@@ -17,7 +17,8 @@ endforeach()
 
 # The library's own program of the comparison in bench/peers.
 if(ZQ_QT)
-  add_executable(zq-bench-peer "${PROJECT_SOURCE_DIR}/bench/peers/ours/main.cpp")
+  file(GLOB peer_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/peers/ours/*.cpp")
+  add_executable(zq-bench-peer ${peer_sources})
   target_include_directories(zq-bench-peer PRIVATE "${PROJECT_SOURCE_DIR}/bench/peers/common")
   target_link_libraries(zq-bench-peer PRIVATE ZQSwiftUI::Qt)
   zq_warnings(zq-bench-peer)

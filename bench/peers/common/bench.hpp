@@ -171,17 +171,25 @@ Series repeated(Once once) {
   return series;
 }
 
-// The most memory that the process has held, in kB.
-inline long peakMemory() {
+// What the system notes of this process under that name, in kB.
+inline long noted(const char* name) {
   std::FILE* file = std::fopen("/proc/self/status", "r");
   if (!file) return -1;
   char line[256];
   long kb = -1;
+  const std::size_t length = std::strlen(name);
   while (std::fgets(line, sizeof line, file)) {
-    if (!std::strncmp(line, "VmHWM:", 6)) kb = std::atol(line + 6);
+    if (!std::strncmp(line, name, length)) kb = std::atol(line + length);
   }
   std::fclose(file);
   return kb;
+}
+// The most memory that the process has held, and what it holds, in kB.
+inline long peakMemory() {
+  return noted("VmHWM:");
+}
+inline long heldMemory() {
+  return noted("VmRSS:");
 }
 
 // A fixed amount of work that, like the rest, keeps the core's units and its caches busy: how
@@ -223,30 +231,35 @@ class Arguments {
     const auto found = options_.find("n");
     return found == options_.end() ? 1000 : std::max(1, std::atoi(found->second.c_str()));
   }
-  std::string png() const {
-    const auto found = options_.find("png");
+  std::string png() const { return text("png"); }
+  std::string dir() const { return text("dir"); }
+
+ private:
+  std::string text(const char* name) const {
+    const auto found = options_.find(name);
     return found == options_.end() ? "" : found->second;
   }
 
- private:
   std::string mode_;
   std::map<std::string, std::string> options_;
 };
 
-// Runs the job that the mode names: `items`, or `firstFrame` for the modes first-frame and memory.
+// Runs the job that the mode names: `items`, `firstFrame` for the modes first-frame and memory, or
+// any other by `others`, which answers whether it knows it.
 // Made first of all in main: its clock is that of the first frame.
 class Program {
  public:
   Program(const char* name, int argc, char** argv) : arguments_(argc, argv) { peerName() = name; }
 
-  int run(void (*items)(const Arguments&), void (*firstFrame)(const Program&)) const {
+  int run(void (*items)(const Arguments&), void (*firstFrame)(const Program&),
+          bool (*others)(const Arguments&) = nullptr) const {
     if (arguments_.mode() == "items") {
       reportCalibration();
       items(arguments_);
     } else if (arguments_.mode() == "first-frame" || memory()) {
       firstFrame(*this);
     } else {
-      return 2;
+      return others && others(arguments_) ? 0 : 2;
     }
     return 0;
   }

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "bench.hpp"
+#include "pictures.hpp"
 
 // The same jobs with no toolkit in between: layout is one loop over an array of sizes, painting
 // is the painter called once for each visible tag. What no toolkit can do without.
@@ -277,5 +278,5 @@ void firstFrame(const Program& program) {
 int main(int argc, char** argv) {
   const bench::Program program("floor", argc, argv);
   QGuiApplication application(argc, argv);
-  return program.run(bench::items, bench::firstFrame);
+  return program.run(bench::items, bench::firstFrame, bench::pictures);
 }

@@ -3,6 +3,7 @@
 #include <map>
 #include <zqswiftui/platform/qt/platform.hpp>
 
+#include "pictures.hpp"
 #include "scene.hpp"
 
 // This library on the work that the other programs of the comparison do.
@@ -224,5 +225,5 @@ int main(int argc, char** argv) {
   const bench::Program program("ours", argc, argv);
   QApplication application(argc, argv);
   const zq::qt::Platform platform(application);
-  return program.run(bench::items, bench::firstFrame);
+  return program.run(bench::items, bench::firstFrame, bench::pictures);
 }

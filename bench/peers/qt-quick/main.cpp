@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "bench.hpp"
+#include "pictures.hpp"
 
 // Qt Quick: Flow and Repeater over a C++ list model, with the software renderer. A frame is one
 // turn of the window's own update request, sent at once and not after the 5 ms that the
@@ -274,7 +275,7 @@ int main(int argc, char** argv) {
   QFont font(QString::fromLatin1(bench::kFontFamily));
   font.setPixelSize(bench::kFontPx);
   QGuiApplication::setFont(font);
-  return program.run(bench::items, bench::firstFrame);
+  return program.run(bench::items, bench::firstFrame, bench::pictures);
 }
 
 #include "main.moc"

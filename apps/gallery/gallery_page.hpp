@@ -22,6 +22,7 @@
   PAGE(tokens_view)            \
   PAGE(deferred_bindings)      \
   PAGE(settings)               \
+  PAGE(picture_wall)           \
   PAGE(deferred_images)        \
   PAGE(frame_animation)        \
   PAGE(pasteboard_image)       \

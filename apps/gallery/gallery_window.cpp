@@ -147,7 +147,8 @@ View GalleryWindow::body(Context& context) const {
        GeometryReader([&page, withCode](Size size) { return pageAndCode(page, withCode, size); })});
   return HStack({.spacing = 0}, {sidebar(selected), line(true), main})
       .background(Color::background())
-      .environment<WordsKey>(words)
+      .environment<WordsKey>(given.words)
+      .environment<PicturesKey>(given.pictures)
       .environment<ColorSchemeKey>(isDark ? ColorScheme::dark : ColorScheme::light)
       .environment<LayoutDirectionKey>(isMirrored ? LayoutDirection::rightToLeft
                                                   : LayoutDirection::leftToRight);
@@ -161,7 +162,8 @@ View PageSheet::body(Context&) const {
                         {ScrollView(pagePart(shown)).frame({.width = kSheetPageWidth}), line(true),
                          codePart(shown)})})
       .background(Color::background())
-      .environment<WordsKey>(words);
+      .environment<WordsKey>(given.words)
+      .environment<PicturesKey>(given.pictures);
 }
 
 }  // namespace zq::gallery

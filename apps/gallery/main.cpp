@@ -37,8 +37,8 @@ bool hasDisplay() {
          qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-int showWindow(std::size_t page, const std::shared_ptr<const Words>& words) {
-  zq::qt::HostWidget window(GalleryWindow{page, words});
+int showWindow(std::size_t page, const Given& given) {
+  zq::qt::HostWidget window(GalleryWindow{page, given});
   window.setWindowTitle("Gallery");
   window.setMinimumSize(640, 400);
   window.resize(1360, 860);
@@ -46,24 +46,37 @@ int showWindow(std::size_t page, const std::shared_ptr<const Words>& words) {
   return QApplication::exec();
 }
 
-int run(int argc, char** argv, const Options& options) {
-  std::optional<std::size_t> page;
-  if (options.page) {
-    const GalleryPage* found = findPage(*options.page);
-    if (!found) {
-      return fail("There is no page named \"" + *options.page + "\"; --list prints them all.",
-                  kWrongUse);
-    }
-    page = static_cast<std::size_t>(found - galleryPages().data());
-  } else if (options.words && !options.snapshot) {
-    page = static_cast<std::size_t>(findPage("ZQTagsView") - galleryPages().data());
-  }
-  std::shared_ptr<const Words> words;
+// The one that is asked for, or what the user gave something to.
+zq::Result<std::size_t> firstPage(const Options& options) {
+  const char* filled = options.pictures ? "picture-wall" : options.words ? "ZQTagsView" : nullptr;
+  if (!options.page && !filled) return std::size_t{0};
+  const std::string name = options.page ? *options.page : filled;
+  const GalleryPage* found = findPage(name);
+  if (!found) return zq::Error{"There is no page named \"" + name + "\"; --list prints them all."};
+  return static_cast<std::size_t>(found - galleryPages().data());
+}
+
+zq::Result<Given> readGiven(const Options& options) {
+  Given given;
   if (options.words) {
     zq::Result<Words> read = readWords(*options.words, options.mostWords);
-    if (!read.ok()) return fail(read.error().sentence, 1);
-    words = std::make_shared<const Words>(std::move(read).value());
+    if (!read.ok()) return read.error();
+    given.words = std::make_shared<const Words>(std::move(read).value());
   }
+  if (options.pictures) {
+    zq::Result<Pictures> read = readPictures(*options.pictures);
+    if (!read.ok()) return read.error();
+    given.pictures = std::make_shared<const Pictures>(std::move(read).value());
+  }
+  return given;
+}
+
+int run(int argc, char** argv, const Options& options) {
+  const zq::Result<std::size_t> page = firstPage(options);
+  if (!page.ok()) return fail(page.error().sentence, kWrongUse);
+  const zq::Result<Given> read = readGiven(options);
+  if (!read.ok()) return fail(read.error().sentence, 1);
+  const Given& given = read.value();
   // Pictures need no display, and look the same with any.
   if (options.snapshot && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -74,8 +87,9 @@ int run(int argc, char** argv, const Options& options) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("zq-gallery");
   const zq::qt::Platform platform(app);
-  if (!options.snapshot) return showWindow(page.value_or(0), words);
-  const zq::Result<void> painted = paintPages(*options.snapshot, page, words);
+  if (!options.snapshot) return showWindow(page.value(), given);
+  const std::optional<std::size_t> only = options.page ? std::optional(page.value()) : std::nullopt;
+  const zq::Result<void> painted = paintPages(*options.snapshot, only, given);
   return painted.ok() ? 0 : fail(painted.error().sentence, 1);
 }
 

@@ -15,10 +15,11 @@ struct OptionRow {
   std::string_view what;
 };
 
-constexpr std::array<OptionRow, 6> kRows = {{
+constexpr std::array<OptionRow, 7> kRows = {{
     {"--page", "NAME", "open that page; with --snapshot, paint it alone"},
     {"--words", "FILE", "show the words of that text file on the tags page"},
     {"--max-words", "N", "show at most N of them (10000)"},
+    {"--pictures", "DIR", "show the first 500 pictures of that folder on the wall"},
     {"--snapshot", "DIR", "paint every page into DIR, light and dark; needs no display"},
     {"--list", "", "print the names of the pages"},
     {"--help", "", "print this"},
@@ -41,6 +42,8 @@ Result<void> apply(Options& options, std::string_view name, std::string value) {
     options.page = std::move(value);
   } else if (name == "--words") {
     options.words = std::move(value);
+  } else if (name == "--pictures") {
+    options.pictures = std::move(value);
   } else if (name == "--snapshot") {
     options.snapshot = std::move(value);
   } else {

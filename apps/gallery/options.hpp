@@ -16,6 +16,7 @@ struct Options {
   std::optional<std::string> page;
   std::optional<std::string> words;
   std::size_t mostWords = kMostWords;
+  std::optional<std::string> pictures;
   std::optional<std::string> snapshot;
 };
 

@@ -34,14 +34,13 @@ Size sheetSize(const View& view) {
           std::clamp(wanted.height, kLeastSheet.height, kMostSheet.height)};
 }
 
-std::vector<Picture> pictures(std::optional<std::size_t> only,
-                              const std::shared_ptr<const Words>& words) {
+std::vector<Picture> pictures(std::optional<std::size_t> only, const Given& given) {
   std::vector<Picture> all;
   const auto& pages = galleryPages();
-  if (!only) all.push_back({"gallery", View(GalleryWindow{0, words}), kWindowSize});
+  if (!only) all.push_back({"gallery", View(GalleryWindow{0, given}), kWindowSize});
   for (std::size_t i = 0; i < pages.size(); ++i) {
     if (only && *only != i) continue;
-    const View sheet = PageSheet{i, words};
+    const View sheet = PageSheet{i, given};
     all.push_back({pageSlug(pages[i].title), sheet, std::nullopt, pages[i].settles});
   }
   return all;
@@ -50,13 +49,13 @@ std::vector<Picture> pictures(std::optional<std::size_t> only,
 }  // namespace
 
 Result<void> paintPages(const std::string& folder, std::optional<std::size_t> only,
-                        const std::shared_ptr<const Words>& words) {
+                        const Given& given) {
   std::error_code fault;
   std::filesystem::create_directories(folder, fault);
   if (!std::filesystem::is_directory(folder, fault)) {
     return Error{"Cannot make the folder " + folder + "."};
   }
-  const std::vector<Picture> all = pictures(only, words);
+  const std::vector<Picture> all = pictures(only, given);
   const std::size_t total = all.size() * 2;
   std::size_t done = 0;
   for (const Picture& picture : all) {

@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <apps/gallery/words.hpp>
+#include <apps/gallery/gallery_window.hpp>
 #include <optional>
 
 namespace zq::gallery {
@@ -9,6 +9,6 @@ namespace zq::gallery {
 // Paints the pages into the folder, light and dark, telling on standard output what is done;
 // all of them and the window, or the one at that index. Makes the folder where it is missing.
 Result<void> paintPages(const std::string& folder, std::optional<std::size_t> only,
-                        const std::shared_ptr<const Words>& words);
+                        const Given& given);
 
 }  // namespace zq::gallery

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <concepts>
@@ -43,14 +44,20 @@ std::string escaped(std::string_view text) {
   return json;
 }
 
-// Bytes that grow by blocks, so that a short piece costs a check and a copy.
+// Gathers short pieces in a block that stays in the processor's cache, and adds whole blocks to
+// the text.
 class Output {
  public:
-  explicit Output(std::size_t sizeHint) { bytes_.resize(sizeHint); }
+  explicit Output(std::size_t sizeHint) { text_.reserve(sizeHint); }
 
   void append(char c) { *advance(1) = c; }
   void append(std::string_view piece) {
-    std::memcpy(advance(piece.size()), piece.data(), piece.size());
+    if (piece.size() > block_.size()) {
+      flush();
+      text_ += piece;
+    } else {
+      std::memcpy(advance(piece.size()), piece.data(), piece.size());
+    }
   }
   // Of a size that the compiler knows, the copy is an instruction or two.
   template <std::size_t size>
@@ -61,23 +68,28 @@ class Output {
   void appendNumber(Number number) {
     constexpr std::size_t longest = 24;
     char* const begin = advance(longest);
-    const char* const end = std::to_chars(begin, begin + longest, number).ptr;
-    size_ -= longest - static_cast<std::size_t>(end - begin);
+    used_ -= longest;
+    used_ += static_cast<std::size_t>(std::to_chars(begin, begin + longest, number).ptr - begin);
   }
   std::string take() {
-    bytes_.resize(size_);
-    return std::move(bytes_);
+    flush();
+    return std::move(text_);
   }
 
  private:
   char* advance(std::size_t count) {
-    if (bytes_.size() - size_ < count) [[unlikely]]
-      bytes_.resize(2 * bytes_.size() + count);
-    return bytes_.data() + std::exchange(size_, size_ + count);
+    if (block_.size() - used_ < count) [[unlikely]]
+      flush();
+    return block_.data() + std::exchange(used_, used_ + count);
+  }
+  void flush() {
+    text_.append(block_.data(), used_);
+    used_ = 0;
   }
 
-  std::string bytes_;
-  std::size_t size_ = 0;
+  std::string text_;
+  std::array<char, 8192> block_;  // written before it is read
+  std::size_t used_ = 0;
 };
 
 class Writer {

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QEventLoop>
 #include <cstring>
 #include <string>
 #include <zqswiftui/platform/qt/bus_notifications.hpp>
@@ -23,17 +22,6 @@ void listenToNotifications(int socket) {
   notifications.observe("bench", [socket](const std::string&) { say(socket, now()); });
   say(socket, 1);
   QCoreApplication::exec();
-}
-
-// The number that comes first ends the loop; the rest has been unpacked by then.
-void listenToSignals(int socket) {
-  int count = 0;
-  QCoreApplication app(count, nullptr);
-  QEventLoop loop;
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!bus.connect({}, "/bench", "org.zq.Bench", "Posted", &loop, SLOT(exit(int)))) return;
-  say(socket, 1);
-  while (loop.exec() == 0) say(socket, now());
 }
 
 void listenToFiles(int socket) {

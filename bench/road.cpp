@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QEventLoop>
 #include <QTemporaryDir>
 #include <string>
 #include <zqswiftui/platform/base/files.hpp>
@@ -65,17 +64,6 @@ void follow(int socket) {
   qt::HostWidget window(Follower{config, socket});
   window.show();
   QApplication::exec();
-}
-
-// The number that comes first ends the loop; the rest has been unpacked by then.
-void listenToSignals(int socket) {
-  int count = 0;
-  QCoreApplication app(count, nullptr);
-  QEventLoop loop;
-  QDBusConnection bus = QDBusConnection::sessionBus();
-  if (!bus.connect({}, "/bench", "org.zq.Bench", "Posted", &loop, SLOT(exit(int)))) return;
-  say(socket, 1);
-  while (loop.exec() == 0) say(socket, now());
 }
 
 // Made before this process has threads, which a fork would not take along.

@@ -87,6 +87,29 @@ void drawScene(Canvas& canvas) {
   canvas.pop();
 }
 
+TEST(PainterCanvas, aStraightLineLiesOnWholePixelsAtAnyScale) {
+  for (const double scale : kScales) {
+    for (const double at : {1.0, 3.0, 3.3, 3.5, 7.8}) {
+      for (const Point to : {Point{0, 10}, Point{10, 0}}) {
+        const auto line = std::make_shared<const Path>(Path().moveTo({}).lineTo(to));
+        const QImage image = played(20, 20, scale, [&](Canvas& canvas) {
+          const Rect bounds = line->bounds().insetBy(-0.5);
+          canvas.draw(StrokePath{line, bounds, {}, Color::black()}, PlayState{{at, at}});
+        });
+        int black = 0, other = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i) {
+          const QRgb pixel = image.pixel(i % image.width(), i / image.width());
+          black += pixel == 0xff000000;
+          other += pixel != 0xff000000 && pixel != 0xffffffff;
+        }
+        EXPECT_EQ(other, 0) << "no pale pixels";
+        EXPECT_NEAR(black, std::round(scale) * 10 * scale, std::round(scale))
+            << scale << ", " << at;
+      }
+    }
+  }
+}
+
 TEST(PainterCanvas, aPartialRepaintEqualsTheFullOne) {
   for (const double scale : kScales) {
     const QImage full = played(160, 100, scale, drawScene);

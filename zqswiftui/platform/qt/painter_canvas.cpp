@@ -44,6 +44,14 @@ QPen penOf(const StrokeStyle& style, const QBrush& brush) {
   return pen;
 }
 
+// The two ends of a path that is one level or upright line, drawn whole.
+const Path::Element* straightLine(const Path& path, const StrokeStyle& style) {
+  const auto& e = path.elements();
+  const bool line = e.size() == 2 && e[0].verb == Path::Verb::move &&
+                    e[1].verb == Path::Verb::line && !style.roundCap && style.dash.empty();
+  return line && (e[0].p3.x == e[1].p3.x || e[0].p3.y == e[1].p3.y) ? e.data() : nullptr;
+}
+
 }  // namespace
 
 PainterCanvas::PainterCanvas(QPainter& painter, double scale)
@@ -119,9 +127,30 @@ void PainterCanvas::drawShape(const FillPath& shape, const PlayState& state) {
 void PainterCanvas::drawShape(const StrokePath& shape, const PlayState& state) {
   if (!shape.path || shape.path->empty() || !(shape.style.lineWidth > 0)) return;
   const Point origin = grid_.snap(state.origin);
+  const Path::Element* line = straightLine(*shape.path, shape.style);
+  if (line != nullptr && scaledDepth_ == 0) return drawLine(line, shape, origin, state);
   setAntialiasing(true);
   const QBrush brush = brushOf(shape.paint, shape.rect.offsetBy(origin), state);
   painter_->strokePath(toPainterPath(*shape.path, origin), penOf(shape.style, brush));
+}
+
+// On whole pixels: half of a line of one pixel would lie on either side of its place, and be seen
+// as two pale ones.
+void PainterCanvas::drawLine(const Path::Element* ends, const StrokePath& shape, Point origin,
+                             const PlayState& state) {
+  const Point from = ends[0].p3, to = ends[1].p3;
+  const bool upright = from.x == to.x;
+  const double thickness = std::max(1.0, std::round(shape.style.lineWidth * grid_.scale));
+  const auto across = [&](double middle) {
+    return std::floor(middle * grid_.scale - thickness / 2 + 0.5) / grid_.scale;
+  };
+  const double breadth = thickness / grid_.scale;
+  const auto [low, high] = upright ? std::minmax(from.y, to.y) : std::minmax(from.x, to.x);
+  const Rect rect = upright ? Rect{across(from.x + origin.x), low + origin.y, breadth, high - low}
+                            : Rect{low + origin.x, across(from.y + origin.y), high - low, breadth};
+  PlayState placed = state;
+  placed.origin = {};
+  drawShape(FillRect{rect, shape.paint}, placed);
 }
 
 void PainterCanvas::drawShape(const DrawText& text, const PlayState& state) {

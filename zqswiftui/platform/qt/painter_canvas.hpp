@@ -59,6 +59,8 @@ class PainterCanvas final : public Canvas {
                 const PlayState& state);
   void drawShape(const FillPath& shape, const PlayState& state);
   void drawShape(const StrokePath& shape, const PlayState& state);
+  void drawLine(const Path::Element* ends, const StrokePath& shape, Point origin,
+                const PlayState& state);
   void drawShape(const DrawText& text, const PlayState& state);
   void drawShape(const DrawSymbol& symbol, const PlayState& state);
   void drawShape(const DrawPicture& picture, const PlayState& state);

@@ -8,17 +8,23 @@ namespace {
 constexpr double kIdeal = 10;
 using Content = std::function<View(Size)>;
 
-class GeometryNode final : public WrapperNode {
+bool covers(const Rect& outer, const Rect& inner) {
+  return outer.x <= inner.x && outer.y <= inner.y && inner.maxX() <= outer.maxX() &&
+         inner.maxY() <= outer.maxY();
+}
+
+class GeometryNode : public WrapperNode {
  public:
   using Value = PrimitiveValue<Content, GeometryNode>;
   using WrapperNode::WrapperNode;
   void update(const View& next) override {
     setView(next);
-    stale_ = true;
-    invalidatePlacement();
+    makeAgain();
   }
   bool showsNothing() const override { return false; }
   bool spring(Axis) const override { return false; }
+  // It follows what is offered, whatever is inside.
+  bool sizeIsFixed() const override { return true; }
   std::string debugName() const override { return "GeometryReader"; }
 
  protected:
@@ -26,12 +32,16 @@ class GeometryNode final : public WrapperNode {
     return proposal.replacingUnspecified({kIdeal, kIdeal});
   }
   void sizeChanged() override { stale_ = true; }
-  void layoutChildren() override {
+  virtual View content() {
     const Content& content = static_cast<const Value&>(*view().value()).value;
-    if (stale_ && content) {
-      stale_ = false;
-      setChild(content(frame().size()));
-    }
+    return content ? content(frame().size()) : View();
+  }
+  void makeAgain() {
+    stale_ = true;
+    invalidatePlacement();
+  }
+  void layoutChildren() override {
+    if (std::exchange(stale_, false)) setChild(content());
     if (!child()) return;
     const ProposedSize all = ProposedSize::exactly(frame().size());
     const Size s = child()->measure(all);
@@ -42,9 +52,34 @@ class GeometryNode final : public WrapperNode {
   bool stale_ = true;
 };
 
+class PartNode final : public GeometryNode {
+ public:
+  using Value = PrimitiveValue<GeometryReader::ContentOfPart, PartNode>;
+  using GeometryNode::GeometryNode;
+  void mount() override {
+    tree().addVisibilityListener(*this, [this](const Rect& visible) {
+      if (!visible.empty() && !covers(part_, visible)) makeAgain();
+    });
+  }
+
+ protected:
+  View content() override {
+    const Rect seen = visibleRect();
+    part_ = {};
+    if (!seen.empty()) {
+      part_ = {seen.x - seen.width / 2, seen.y - seen.height / 2, 2 * seen.width, 2 * seen.height};
+    }
+    return static_cast<const Value&>(*view().value()).value(frame().size(), part_);
+  }
+
+ private:
+  Rect part_;
+};
+
 }  // namespace
 
 GeometryReader::operator View() const {
+  if (contentOfPart_) return View::make<PartNode::Value>(contentOfPart_);
   return View::make<GeometryNode::Value>(content_);
 }
 

@@ -28,7 +28,14 @@
 #include <zqswiftui/images/zq_sub_file_cached_image.hpp>
 #include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
+#include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
+#include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
+#include <zqswiftui/layout/zq_draggable_rect.hpp>
+#include <zqswiftui/layout/zq_mini_timeline.hpp>
+#include <zqswiftui/layout/zq_ruler_bar.hpp>
+#include <zqswiftui/layout/zq_ruler_view.hpp>
 #include <zqswiftui/layout/zq_tags_view.hpp>
+#include <zqswiftui/layout/zq_timecode_view.hpp>
 #include <zqswiftui/layout/zq_tokens_view.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 #include <zqswiftui/settings/zq_config.hpp>

@@ -3,7 +3,7 @@
 
 Each run is a process of its own that answers a line of JSON for each item, itself a median of
 several repetitions; the table shows the median of the runs, and their least. Called by
-bench/run: compare.py [--pictures] [--rounds N] [--raw FILE] NAME=COMMAND...
+bench/run: compare.py [--pictures | --media] [--rounds N] [--raw FILE] NAME=COMMAND...
 """
 import argparse
 import collections
@@ -19,6 +19,9 @@ JOBS = [('items', 100), ('items', 1000), ('items', 10000)] + 3 * [('first-frame'
        [('memory', 100), ('memory', 10000)]
 PICTURE_JOBS = [('pictures', 500), ('photographs', 100), ('pictures', 100), ('photographs', 20)]
 PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
+# With the programs that can: a Repeater of all ticks of a day has no end.
+MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000)]
+MEDIA_PROGRAMS = ('ours', 'qt-quick')
 
 # What one more adds to what the process holds: the item, the runs with few and with many.
 MEMORY = [('W6', 100, 10000), ('P1', 100, 500), ('P2', 20, 100)]
@@ -45,6 +48,14 @@ BARS = [
     ('photographs shown', 'P2', 100, 'floor', 'P2', 1.25),
     ('photographs shown', 'P2', 100, 'qt-quick', 'P2', 1),
     ('longest stall', 'P2-stall', 100, 'ms', 8, 1),
+    ('pan of a day', 'M1', 86400, 'ms', 2, 1),
+    ('pan of a day', 'M1', 86400, 'ours', ('M1', 10), 1.25),
+    ('pan of ten seconds', 'M1', 10, 'qt-quick', 'M1', 1 / 5),
+    ('pan of a hundred', 'M1', 100, 'qt-quick', 'M1', 1 / 5),
+    ('pan by the range', 'M1-range', 86400, 'ms', 2, 1),
+    ('pan by the range', 'M1-range', 100, 'qt-quick', 'M1-range', 1 / 5),
+    ('a segment changed', 'M2', 1000, 'ms', 2, 1),
+    ('all segments moved', 'M2-zoom', 1000, 'ms', 2, 1),
 ]
 
 
@@ -65,9 +76,11 @@ def answers(name, command, arguments):
 def run(commands, jobs, folder, rounds, raw):
     found = collections.defaultdict(list)
     for turn in range(rounds):
-        for place, (mode, n) in enumerate(jobs):
+        for place, (mode, n, *only) in enumerate(jobs):
             first = (turn + place) % len(commands)  # another one first each time
             for name, command in commands[first:] + commands[:first]:
+                if only and name not in only:
+                    continue
                 arguments = [mode, '--n', str(n)] + (['--dir', folder] if folder else [])
                 for result in answers(name, command, arguments):
                     result.update(peer=name, round=turn)
@@ -125,13 +138,15 @@ def print_bars(found):
     for what, item, n, peer, against, most in BARS:
         ours = found.get((item, n, 'ours'))
         fixed = peer in ('ms', 'bytes')
-        theirs = [against] if fixed else found.get((against, n, peer))
+        other, at = against if isinstance(against, tuple) else (against, n)
+        theirs = [against] if fixed else found.get((other, at, peer))
         if not ours or not theirs:
             continue
-        mine, other = statistics.median(ours), statistics.median(theirs)
-        rows.append([what, str(n), number(mine), peer if fixed else f'{peer} {against}',
-                     number(other), f'{mine / other:.2f}', f'{most:.2f}',
-                     'met' if mine <= most * other else 'MISSED'])
+        mine, limit = statistics.median(ours), statistics.median(theirs)
+        named = f'{peer} {other}' + (f' at {at}' if at != n else '')
+        rows.append([what, str(n), number(mine), peer if fixed else named, number(limit),
+                     f'{mine / limit:.2f}', f'{most:.2f}',
+                     'met' if mine <= most * limit else 'MISSED'])
     print('\nOurs against the bars\n')
     print_rows(rows)
 
@@ -139,6 +154,7 @@ def print_bars(found):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument('--pictures', action='store_true', help='walls of pictures, not tags')
+    parser.add_argument('--media', action='store_true', help='rulers and timelines, not tags')
     parser.add_argument('--rounds', type=int, default=5)
     parser.add_argument('--raw', type=argparse.FileType('a'), help='keeps every result as JSON')
     parser.add_argument('programs', nargs='+', metavar='NAME=COMMAND')
@@ -147,6 +163,9 @@ def main():
                 for name, command in (p.split('=', 1) for p in arguments.programs)]
     if arguments.pictures:
         commands, found = run_pictures(commands, arguments.rounds, arguments.raw)
+    elif arguments.media:
+        commands = [(name, command) for name, command in commands if name in MEDIA_PROGRAMS]
+        found = run(commands, MEDIA_JOBS, None, arguments.rounds, arguments.raw)
     else:
         found = run(commands, JOBS, None, arguments.rounds, arguments.raw)
     names = [name for name, _ in commands]

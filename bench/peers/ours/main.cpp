@@ -3,6 +3,7 @@
 #include <map>
 #include <zqswiftui/platform/qt/platform.hpp>
 
+#include "media_jobs.hpp"
 #include "pictures.hpp"
 #include "scene.hpp"
 
@@ -225,5 +226,7 @@ int main(int argc, char** argv) {
   const bench::Program program("ours", argc, argv);
   QApplication application(argc, argv);
   const zq::qt::Platform platform(application);
-  return program.run(bench::items, bench::firstFrame, bench::pictures);
+  return program.run(bench::items, bench::firstFrame, [](const bench::Arguments& arguments) {
+    return bench::pictures(arguments) || bench::media(arguments);
+  });
 }

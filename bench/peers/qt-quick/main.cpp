@@ -5,16 +5,14 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickWindow>
-#include <QScreen>
 #include <cmath>
 
 #include "bench.hpp"
+#include "media_jobs.hpp"
 #include "pictures.hpp"
+#include "window.hpp"
 
-// Qt Quick: Flow and Repeater over a C++ list model, with the software renderer. A frame is one
-// turn of the window's own update request, sent at once and not after the 5 ms that the
-// platform would wait.
+// Qt Quick: Flow and Repeater over a C++ list model, with the software renderer.
 namespace bench {
 namespace {
 
@@ -46,12 +44,7 @@ class Model final : public QAbstractListModel {
   QStringList rows_;
 };
 
-struct Scene {
-  Scene() {
-    window.resize(kViewW, kViewH);
-    window.setColor(Qt::white);
-    QObject::connect(&window, &QQuickWindow::frameSwapped, &window, [this] { ++swaps; });
-  }
+struct Scene : Window {
   ~Scene() { drop(); }
   void build(Model& model, bool hover = false) {
     drop();
@@ -65,29 +58,6 @@ struct Scene {
   }
   void drop() { delete std::exchange(root, nullptr); }
   void layout() { QMetaObject::invokeMethod(flow, "forceLayout"); }
-  void frame() {
-    QCoreApplication::sendPostedEvents();
-    QEvent update(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(&window, &update);
-  }
-  QImage shown() {
-    return window.screen()
-        ->grabWindow(window.winId(), 0, 0, kViewW, kViewH)
-        .toImage()
-        .convertToFormat(QImage::Format_RGB32);
-  }
-  void repaintAll() {  // a new background makes all of the window dirty
-    const QColor white(Qt::white);
-    window.setColor(window.color() == white ? QColor(0xfe, 0xfe, 0xfe) : white);
-    frame();
-  }
-  void checkComplete(const char* what) {
-    frame();
-    const QImage is = shown();
-    repaintAll();
-    repaintAll();
-    check(!is.isNull() && is == shown(), what);
-  }
   std::vector<QQuickItem*> tagItems() const {
     std::vector<QQuickItem*> found;
     for (QQuickItem* child : flow->childItems()) {
@@ -113,10 +83,8 @@ struct Scene {
 
   QQmlEngine engine;
   QQmlComponent component{&engine, QUrl(QStringLiteral("qrc:/Peer/Tags.qml"))};
-  QQuickWindow window;
   QQuickItem* root = nullptr;
   QQuickItem* flow = nullptr;
-  long swaps = 0;
 };
 
 void build(Scene& scene, int n) {
@@ -275,7 +243,9 @@ int main(int argc, char** argv) {
   QFont font(QString::fromLatin1(bench::kFontFamily));
   font.setPixelSize(bench::kFontPx);
   QGuiApplication::setFont(font);
-  return program.run(bench::items, bench::firstFrame, bench::pictures);
+  return program.run(bench::items, bench::firstFrame, [](const bench::Arguments& arguments) {
+    return bench::pictures(arguments) || bench::media(arguments);
+  });
 }
 
 #include "main.moc"

@@ -1,0 +1,11 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include "media.hpp"
+
+namespace bench {
+
+bool media(const Arguments& arguments) {
+  static const MediaJob jobs[] = {{"ruler", ruler}, {"timeline", timeline}};
+  return runMedia(arguments, jobs);
+}
+
+}  // namespace bench

@@ -69,6 +69,11 @@ TEST_F(Input, reachesTheFrontMostAndTheInnermost) {
       {"a moved view where it shows", block(20, 20).onTap(note("moved")).offset(40, 0), ""},
       {"a clip cuts it off",
        block(90, 90).onTap(note("cut")).offset(60, 0).frame(100, 90).clipped(), ""},
+      {"what a moved one leaves empty, among others",
+       ZStack({block(4, 4).padding(18).onTap(note("moved")).offset(15, 0), block(2, 2)},
+              Alignment::topLeading())
+           .frame({.width = 100, .height = 100, .alignment = Alignment::leading()}),
+       "moved "},
       {"scaled to nothing", block(90, 90).onTap(note("none")).scale(0), ""},
   };
   for (const Case& c : cases) {
@@ -96,6 +101,33 @@ TEST_F(Input, dragsAreToldInTheViewsOwnPoints) {
     h.drag({50, 50}, {60, 40}, 1);
     EXPECT_EQ(taken(), c.log + std::string("d-end ")) << c.what;
   }
+}
+
+TEST_F(Input, keysGoToWhatHasTheFocus) {
+  const auto keys = [this](const char* name, bool takes) {
+    return [this, name, takes](const KeyEvent& key) {
+      if (key.key == Key::tab) return false;
+      log += std::string(name) + (key.key == Key::left ? "-left" : "-up") +
+             (key.modifiers.shift ? "-shift " : " ");
+      return takes;
+    };
+  };
+  Harness h(VStack({block(40, 40).onKey(keys("a", true), 5), block(40, 40).onKey(keys("b", false))})
+                .onKey(keys("out", true)),
+            {100, 100});
+  h.click({50, 30});
+  EXPECT_TRUE(h.key(Key::left, {.shift = true}));
+  EXPECT_EQ(taken(), "a-left-shift ");
+  EXPECT_EQ(h.drawn().size(), 2u) << "no ring for a click";
+  h.tab();
+  EXPECT_TRUE(h.key(Key::up));
+  EXPECT_EQ(taken(), "b-up out-up ") << "what is not taken goes to those around";
+  EXPECT_NE(h.displayList().find("stroke 27.5,51.5 45x45"), std::string::npos) << h.displayList();
+  h.tab(true);
+  EXPECT_NE(h.displayList().find("stroke 32.5,8.5 35x35"), std::string::npos) << h.displayList();
+  EXPECT_TRUE(h.focused().focusable);
+  h.setRoot(block(40, 40).onKey(keys("c", true)).disabled());
+  EXPECT_FALSE(h.tab());
 }
 
 TEST_F(Input, theInnerDragWinsAndATapSurvivesAShortWay) {

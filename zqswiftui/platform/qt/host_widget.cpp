@@ -7,6 +7,7 @@
 #include <QTextDocument>
 #include <QTimer>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -39,6 +40,8 @@ Qt::CursorShape shapeOf(Cursor cursor) {
   switch (cursor) {
     case Cursor::pointingHand:
       return Qt::PointingHandCursor;
+    case Cursor::crosshair:
+      return Qt::CrossCursor;
     case Cursor::text:
       return Qt::IBeamCursor;
     case Cursor::resizeDiagonal:

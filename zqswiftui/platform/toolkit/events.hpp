@@ -53,6 +53,7 @@ struct WheelEvent {
 enum class Cursor : unsigned char {
   arrow,
   pointingHand,
+  crosshair,
   text,
   resizeDiagonal,
   resizeDiagonalBack,

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <cmath>
 #include <zqswiftui/platform/toolkit/button.hpp>
 #include <zqswiftui/platform/toolkit/tree/responder.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
@@ -10,6 +11,29 @@ constexpr double kRingReach = 3;  // how far the focus ring stands out
 constexpr double kHeldOpacity = 0.6;
 
 enum class PressLook : unsigned char { plain, dimsWhileHeld };
+
+// The ring around what has the focus from the keyboard.
+Rect boundsOfRing(const Node& node, const Rect& around) {
+  return node.tree().focus().showsRing(node) ? around.insetBy(-kRingReach) : Rect{};
+}
+
+void ringChanged(Node& node) {
+  node.damageAll();
+  node.invalidateBounds();
+  node.damageAll();
+}
+
+void paintRing(const Node& node, const Rect& around, PaintPass& pass, Point origin) {
+  if (!node.tree().focus().showsRing(node)) return;
+  Path ring;
+  const Rect outline = around.insetBy(-kRingReach / 2);
+  ring.addRoundedRect(outline, 5);
+  pass.canvas.draw(StrokePath{std::make_shared<const Path>(std::move(ring)),
+                              outline.insetBy(-1),
+                              {.lineWidth = 2, .dash = {}},
+                              Color::accent().opacity(0.8)},
+                   node.playState(pass, origin));
+}
 
 class PressNode;
 
@@ -37,19 +61,13 @@ class PressNode final : public ModifierNode<PressValue>, public Responder {
     if (action) action();
   }
   bool focusable() const override { return true; }
-  void focusChanged(bool, bool) override {
-    damageAll();
-    invalidateBounds();
-    damageAll();
-  }
+  void focusChanged(bool, bool) override { ringChanged(*this); }
   void paint(PaintPass& pass, Point origin) override;
   std::string debugName() const override { return "Button"; }
   void describe(std::vector<AccessibilityNode>& out) override;
 
  protected:
-  Rect ownBounds() const override {
-    return tree().focus().showsRing(*this) ? localBounds().insetBy(-kRingReach) : Rect{};
-  }
+  Rect ownBounds() const override { return boundsOfRing(*this, localBounds()); }
 
  private:
   bool held_ = false;
@@ -60,15 +78,7 @@ void PressNode::paint(PaintPass& pass, Point origin) {
   if (dim) pass.canvas.pushOpacity(kHeldOpacity, bounds().offsetBy(origin));
   paintChildren(pass, origin);
   if (dim) pass.canvas.pop();
-  if (!tree().focus().showsRing(*this)) return;
-  Path ring;
-  const Rect outline = localBounds().insetBy(-kRingReach / 2);
-  ring.addRoundedRect(outline, 5);
-  pass.canvas.draw(StrokePath{std::make_shared<const Path>(std::move(ring)),
-                              outline.insetBy(-1),
-                              {.lineWidth = 2, .dash = {}},
-                              Color::accent().opacity(0.8)},
-                   playState(pass, origin));
+  paintRing(*this, localBounds(), pass, origin);
 }
 
 // What can be used on its own inside of something that is pressed as a whole; the rest is its name.
@@ -97,6 +107,57 @@ void PressNode::describe(std::vector<AccessibilityNode>& out) {
   collectUsable(inside, node.children);
   out.push_back(std::move(node));
 }
+
+class KeyNode;
+
+class KeyValue final : public ModifierValue<KeyValue, KeyNode> {
+ public:
+  KeyValue(View givenChild, std::function<bool(const KeyEvent&)> givenAction, double givenInset)
+      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)), inset(givenInset) {}
+  std::function<bool(const KeyEvent&)> action;
+  double inset;
+};
+
+class KeyNode final : public ModifierNode<KeyValue>, public Responder {
+ public:
+  using ModifierNode::ModifierNode;
+  Responder* responder() override { return this; }
+  bool takesPointer() const override { return true; }
+  bool hasMemory() const override { return true; }
+  bool focusable() const override { return true; }
+  void focusChanged(bool, bool) override { ringChanged(*this); }
+  bool key(const KeyEvent& event) override {
+    const auto action = value().action;  // it may end this view
+    return action(event);
+  }
+  void paint(PaintPass& pass, Point origin) override {
+    paintChildren(pass, origin);
+    paintRing(*this, ringPlace(), pass, origin);
+  }
+  std::string debugName() const override { return "Key"; }
+  void describe(std::vector<AccessibilityNode>& out) override {
+    AccessibilityNode node;
+    node.id = id();
+    node.name = accessibleText();
+    node.bounds = toWindow(localBounds());
+    node.enabled = node.focusable = environment().enabled;
+    node.focused = tree().focus().focused() == this;
+    WrapperNode::describe(node.children);
+    out.push_back(std::move(node));
+  }
+
+ protected:
+  void changed(const KeyValue& was, const KeyValue& now) override {
+    if (was.inset == now.inset) return;
+    damageAll();
+    invalidateBounds();
+    tree().damageAfterLayout(*this, true);
+  }
+  Rect ownBounds() const override { return boundsOfRing(*this, ringPlace()); }
+
+ private:
+  Rect ringPlace() const { return localBounds().insetBy(value().inset); }
+};
 
 class HoverNode;
 
@@ -217,6 +278,12 @@ View modify::onTap(View view, std::function<void()> action) {
 View modify::onHover(View view, std::function<void(bool)> action) {
   if (!action) return view;
   return View::make<HoverValue>(std::move(view), std::move(action));
+}
+
+View modify::onKey(View view, std::function<bool(const KeyEvent&)> action, double ringInset) {
+  if (!action) return view;
+  return View::make<KeyValue>(std::move(view), std::move(action),
+                              std::isfinite(ringInset) ? ringInset : 0.0);
 }
 
 View modify::gesture(View view, DragGesture gesture) {

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <cmath>
 #include <zqswiftui/platform/toolkit/tree/moving.hpp>
 
@@ -220,6 +221,8 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
     tree().requestFrame();
   }
   bool sizeShapesContent() const override { return field().scale != 1; }
+  // All of the view can be hit where it shows, also what it leaves empty.
+  Rect ownBounds() const override { return mapFromChild(*this, localBounds()); }
 };
 
 void TransformNode::paint(PaintPass& pass, Point origin) {

@@ -72,6 +72,9 @@ class ViewModifiers {
   // Input. Null callbacks do nothing, and leave the view as it was.
   View onTap(std::function<void()> action) const;  // reached by Tab, pressed by Space or Enter
   View onHover(std::function<void(bool inside)> action) const;
+  // Reached by Tab and by a click, and told the keys from then on; answers whether it took one.
+  // The ring around what has the focus lies so far inside of the view.
+  View onKey(std::function<bool(const KeyEvent& key)> action, double ringInset = 0) const;
   View gesture(DragGesture gesture) const;
   View onDrop(DropTarget target) const;
   View keyboardShortcut(Key key) const;  // presses what is inside, from anywhere in the window
@@ -128,6 +131,7 @@ View clipped(View view);
 View environment(View view, std::function<void(Environment&)> change);
 View onTap(View view, std::function<void()> action);
 View onHover(View view, std::function<void(bool)> action);
+View onKey(View view, std::function<bool(const KeyEvent&)> action, double ringInset);
 View gesture(View view, DragGesture gesture);
 View onDrop(View view, DropTarget target);
 View keyboardShortcut(View view, Key key);

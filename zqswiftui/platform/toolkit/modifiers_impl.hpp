@@ -109,6 +109,10 @@ View ViewModifiers<S>::onHover(std::function<void(bool)> action) const {
   return modify::onHover(view(), std::move(action));
 }
 template <class S>
+View ViewModifiers<S>::onKey(std::function<bool(const KeyEvent&)> action, double ringInset) const {
+  return modify::onKey(view(), std::move(action), ringInset);
+}
+template <class S>
 View ViewModifiers<S>::gesture(DragGesture gesture) const {
   return modify::gesture(view(), std::move(gesture));
 }

@@ -1,0 +1,195 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <zqswiftui/layout/canvas_rects.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kManySteps = 10;  // of an arrow with Shift
+
+double finite(double value) {
+  return std::isfinite(value) ? value : 0;
+}
+
+Size finiteSize(Size size) {
+  return {sanitized(finite(size.width)), sanitized(finite(size.height))};
+}
+
+bool isFinite(const Rect& r) {
+  return std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.width) &&
+         std::isfinite(r.height);
+}
+
+bool isDrawable(Size view) {
+  return std::isfinite(view.width) && std::isfinite(view.height) && view.width > 0 &&
+         view.height > 0;
+}
+
+Rect bounded(const Rect& rect, Size target, CanvasRectBound bound) {
+  if (bound == CanvasRectBound::width) return {0, rect.y, target.width, rect.height};
+  if (bound == CanvasRectBound::height) return {rect.x, 0, rect.width, target.height};
+  return rect;
+}
+
+double spanOf(const ZQTimeRange& range) {
+  return finite(range.end - range.start);
+}
+
+// One side of a rectangle in its target.
+struct Stretch {
+  double from;
+  double length;
+};
+
+Stretch moved(Stretch s, double by, double target) {
+  return {std::clamp(s.from + by, 0.0, std::max(0.0, target - s.length)), s.length};
+}
+
+// Never shorter than the step, so that there is always something to go on from.
+Stretch stretched(Stretch s, double by, double target) {
+  const double most = std::max(0.0, target - s.from);
+  return {s.from, std::clamp(s.length + by, std::min(std::abs(by), most), most)};
+}
+
+}  // namespace
+
+std::optional<Rect> drawnRect(const DragValue& drag, Size view, Size target,
+                              CanvasRectBound bound) {
+  if (!isDrawable(view)) return std::nullopt;
+  const Size all = finiteSize(target);
+  const double x1 = all.width * (drag.startLocation.x / view.width);
+  const double x2 = all.width * (drag.location.x / view.width);
+  const double y1 = all.height * (drag.startLocation.y / view.height);
+  const double y2 = all.height * (drag.location.y / view.height);
+  const double minX = std::max(0.0, std::min(x1, x2));
+  const double minY = std::max(0.0, std::min(y1, y2));
+  const Rect rect{minX, minY, std::min(std::abs(x1 - x2), all.width - minX),
+                  std::min(std::abs(y1 - y2), all.height - minY)};
+  if (!std::isfinite(x1 + x2 + y1 + y2) || !isFinite(rect)) return std::nullopt;
+  return bounded(rect, all, bound);
+}
+
+Rect outlineOfRect(const Rect& rect, Size view, Size target, double strokeWidth) {
+  const Size all = finiteSize(target);
+  if (!isDrawable(view) || !isFinite(rect) || !isDrawable(all)) return {};
+  const double half = sanitized(finite(strokeWidth)) * 0.5;
+  const Rect outline{std::max(half, rect.x / all.width * view.width),
+                     std::max(half, rect.y / all.height * view.height),
+                     std::min(view.width - half, rect.width / all.width * view.width),
+                     std::min(view.height - half, rect.height / all.height * view.height)};
+  return outline.empty() || !isFinite(outline) ? Rect{} : outline;
+}
+
+std::optional<Size> arrowStep(const KeyEvent& key) {
+  if (key.modifiers.alt) return std::nullopt;
+  const double step = key.modifiers.shift ? kManySteps : 1;
+  switch (key.key) {
+    case Key::left:
+      return Size{-step, 0};
+    case Key::right:
+      return Size{step, 0};
+    case Key::up:
+      return Size{0, -step};
+    case Key::down:
+      return Size{0, step};
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<Rect> keyedRect(const Rect& rect, const KeyEvent& key, Size view, Size target,
+                              CanvasRectBound bound) {
+  const Size all = finiteSize(target);
+  if (!isDrawable(view) || !isDrawable(all)) return std::nullopt;
+  if (rect.empty() || !isFinite(rect)) {
+    if (key.key != Key::space && key.key != Key::enter) return std::nullopt;
+    return bounded({all.width / 4, all.height / 4, all.width / 2, all.height / 2}, all, bound);
+  }
+  const std::optional<Size> arrow = arrowStep(key);
+  if (!arrow) return std::nullopt;
+  const double dx = arrow->width * (all.width > 1 ? 1 : all.width / view.width);
+  const double dy = arrow->height * (all.height > 1 ? 1 : all.height / view.height);
+  const auto change = key.modifiers.control ? stretched : moved;
+  Stretch x{rect.x, rect.width}, y{rect.y, rect.height};
+  if (dx != 0) x = change(x, dx, all.width);
+  if (dy != 0) y = change(y, dy, all.height);
+  return bounded({x.from, y.from, x.length, y.length}, all, bound);
+}
+
+RectCorners cornersOf(const Rect& rect) {
+  return {finite(rect.x), finite(rect.y), finite(rect.maxX()), finite(rect.maxY())};
+}
+
+std::optional<Size> panOf(Size translation, Size view) {
+  if (!isDrawable(view)) return std::nullopt;
+  const Size pan{translation.width / view.width, translation.height / view.height};
+  if (!std::isfinite(pan.width) || !std::isfinite(pan.height)) return std::nullopt;
+  return pan;
+}
+
+HandleCenters handleCenters(const RectCorners& c, const CornerPans& pans, Size view) {
+  const auto [w, h] = view;
+  return {{std::min(std::min(c.left + pans.upperLeft.width, c.right) * w, c.right * w),
+           std::min(std::min(c.top + pans.upperLeft.height, c.bottom) * h, c.bottom * h)},
+          {std::max(c.left * w, (c.right + pans.lowerRight.width) * w),
+           std::max(c.top * h, (c.bottom + pans.lowerRight.height) * h)}};
+}
+
+std::optional<MovedCorner> upperLeftMoved(const RectCorners& corners, const Rect& rect,
+                                          Size translation, Size view) {
+  const std::optional<Size> pan = panOf(translation, view);
+  if (!pan) return std::nullopt;
+  MovedCorner next{corners, rect};
+  next.corners.left = std::max(0.0, corners.left + pan->width);
+  next.corners.top = std::max(0.0, corners.top + pan->height);
+  next.rect.x = next.corners.left;
+  next.rect.y = next.corners.top;
+  return next;
+}
+
+std::optional<MovedCorner> lowerRightMoved(const RectCorners& corners, const Rect& rect,
+                                           Size translation, Size view) {
+  const std::optional<Size> pan = panOf(translation, view);
+  if (!pan) return std::nullopt;
+  MovedCorner next{corners, rect};
+  next.corners.right = std::min(corners.right + pan->width, view.width - corners.left);
+  next.corners.bottom = std::min(corners.bottom + pan->height, view.height - corners.top);
+  next.rect.width = next.corners.right - corners.left;
+  next.rect.height = next.corners.bottom - corners.top;
+  return next;
+}
+
+Rect rectOfRange(const ZQTimeRange& range, const ZQTimeRange& targetRange) {
+  const double span = spanOf(targetRange);
+  return {finite(range.start / span), 0, finite((range.end - range.start) / span), 1};
+}
+
+ZQTimeRange rangeOfRect(const Rect& rect, const ZQTimeRange& targetRange) {
+  const double span = spanOf(targetRange);
+  const double start = finite(rect.x * span);
+  return {start, finite(start + rect.width * span)};
+}
+
+std::string spokenNumber(double value, int decimals) {
+  const double scale = std::pow(10.0, decimals);
+  const double shown = std::round(value * scale) / scale + 0.0;  // no zero with a sign
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%.*f", decimals, shown);
+  std::string number = text.data();
+  if (number.find('.') == std::string::npos) return number;
+  number.erase(number.find_last_not_of('0') + 1);
+  if (number.back() == '.') number.pop_back();
+  return number;
+}
+
+std::string spokenRect(const Rect& rect, int decimals) {
+  if (rect.empty()) return "nothing drawn";
+  const auto number = [decimals](double value) { return spokenNumber(value, decimals); };
+  return "x " + number(rect.x) + " y " + number(rect.y) + ", " + number(rect.width) + " by " +
+         number(rect.height);
+}
+
+}  // namespace zq

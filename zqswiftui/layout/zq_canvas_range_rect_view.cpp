@@ -1,0 +1,26 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
+#include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
+#include <zqswiftui/platform/toolkit/context.hpp>
+
+namespace zq {
+
+View ZQCanvasRangeRectView::body(Context& context) const {
+  const auto rect = context.stateOf([this] { return rectOfRange(range_.get(), targetRange_); });
+  const Binding<Rect> marked([rect] { return *rect; },
+                             [rect, range = range_, target = targetRange_](const Rect& next) {
+                               if (*rect == next) return;
+                               rect.set(next);
+                               range.set(rangeOfRect(next, target));
+                             });
+  const ZQTimeRange shown = rangeOfRect(*rect, targetRange_);
+  return ZQCanvasRectDrawingView({.rect = marked,
+                                  .targetSize = Size{1, 1},
+                                  .bound = CanvasRectBound::height,
+                                  .color = color_})
+      .accessibility(
+          {.label = "Range",
+           .value = spokenNumber(shown.start, 2) + " s to " + spokenNumber(shown.end, 2) + " s"});
+}
+
+}  // namespace zq

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -285,6 +286,31 @@ TEST(ThreadPoolEdges, fastWorkGoesFirstAndTheEndDropsWhatHasNotBegun) {
     }
   }
   EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST(ThreadPoolEdges, heavyWorkGivesWayAndKeepsNoOtherWaiting) {
+  ThreadPool pool;
+  std::mutex mutex;
+  std::condition_variable changed;
+  int priorityOfHeavy = 0, priorityOfUsual = 0, done = 0;
+  for (int i = 0; i < 20; ++i) {
+    pool.postHeavy([&] {
+      std::unique_lock lock(mutex);
+      priorityOfHeavy = getpriority(PRIO_PROCESS, 0);
+      changed.wait(lock, [&] { return done > 0; });
+    });
+  }
+  pool.post(
+      [&] {
+        const std::lock_guard lock(mutex);
+        priorityOfUsual = getpriority(PRIO_PROCESS, 0);
+        ++done;
+        changed.notify_all();
+      },
+      false);
+  pool.waitUntilIdle();
+  EXPECT_EQ(priorityOfUsual, getpriority(PRIO_PROCESS, 0));
+  EXPECT_GT(priorityOfHeavy, priorityOfUsual);
 }
 
 // Work that goes on in a next piece, as the loading of many pictures does, reaches for the

@@ -47,11 +47,10 @@ class PictureSources : public testing::Test {
     for (; seen_ < all.size(); ++seen_) widths.push_back(all[seen_].width);
     return widths;
   }
-  bool decodedOnTheInterfaceThread() {
-    for (const auto& decoded : platform.imageCodec().decoded()) {
-      if (decoded.onInterfaceThread) return true;
-    }
-    return false;
+  std::size_t decodedOnTheInterfaceThread() {
+    std::size_t count = 0;
+    for (const auto& one : platform.imageCodec().decoded()) count += one.onInterfaceThread ? 1 : 0;
+    return count;
   }
 
   // What an observer of a published model hears from now on, a letter for each status, a plus

@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <tests/images/pictures.hpp>
@@ -13,6 +15,17 @@ namespace {
 
 constexpr double kTick = 1.0 / 30;
 
+// The marks at the next ticks, a letter each: "a" is the first frame, "-" none.
+std::string play(Harness& screen, int ticks) {
+  std::string marks;
+  for (int i = 0; i < ticks; ++i) {
+    screen.advance(kTick);
+    const std::optional<int> mark = shownMark(screen);
+    marks += mark ? static_cast<char>('a' + *mark - 10) : '-';
+  }
+  return marks;
+}
+
 class ZQAnImage : public testing::Test {
  protected:
   // Frames whose marks are 10, 11, 12 and so on.
@@ -21,16 +34,6 @@ class ZQAnImage : public testing::Test {
       addPicture(platform_, folder_, prefix + strUt_padN(number, 5),
                  static_cast<std::uint8_t>(10 + number));
     }
-  }
-  // The marks at the next ticks, a letter each: "a" is the first frame, "-" none.
-  static std::string play(Harness& screen, int ticks) {
-    std::string marks;
-    for (int i = 0; i < ticks; ++i) {
-      screen.advance(kTick);
-      const std::optional<int> mark = shownMark(screen);
-      marks += mark ? static_cast<char>('a' + *mark - 10) : '-';
-    }
-    return marks;
   }
   // What happens on the screen while a second passes.
   static std::string atRest(Harness& screen) {
@@ -49,6 +52,50 @@ TEST_F(ZQAnImage, loopsOverItsFramesUpToTheFirstMissingNumber) {
   EXPECT_EQ(shownMark(screen), std::nullopt) << "nothing before the first tick";
   EXPECT_EQ(play(screen, 12), "abcdeabcdeab");
   EXPECT_EQ(drawnPictures(screen).front().rect, (Rect{0, 0, 60, 30})) << "stretched";
+}
+
+// Begins a piece of background work when it is told to, as a slow disk does.
+class SlowTime : public HeadlessTime {
+ public:
+  using HeadlessTime::HeadlessTime;
+  void postHeavy(std::function<void()> work) override { waiting.push_back(std::move(work)); }
+  void readOne() {
+    ASSERT_FALSE(waiting.empty());
+    HeadlessTime::postHeavy(std::move(waiting.front()));
+    waiting.pop_front();
+    runUntilIdle();
+  }
+  std::deque<std::function<void()>> waiting;
+};
+
+class SlowPlatform : public HeadlessPlatform {
+ public:
+  SlowTime& background() override { return slow_; }
+
+ private:
+  SlowTime slow_{BackgroundMode::deterministic};
+};
+
+TEST(ZQAnImageOfASlowDisk, playsTheFramesThatAreThereAndThoseThatComeJoinItsLoop) {
+  SlowPlatform platform;
+  SlowTime& disk = platform.background();
+  const TempFolder folder;
+  for (const char letter : {'0', '1', '2'}) {
+    addPicture(platform, folder, std::string("slow0000") + letter,
+               static_cast<std::uint8_t>(10 + letter - '0'));
+  }
+  Harness screen(ZQAnImageView("slow"));
+  EXPECT_EQ(play(screen, 3), "---") << "it waits, and goes on ticking";
+  disk.readOne();
+  EXPECT_EQ(play(screen, 2), "aa");
+  disk.readOne();
+  EXPECT_EQ(play(screen, 4), "abab") << "the second joins where the loop stands";
+  disk.readOne();
+  EXPECT_EQ(play(screen, 1), "a") << "the loop was about to begin anew";
+  EXPECT_EQ(play(screen, 5), "bcabc");
+  disk.readOne();  // there is no fourth
+  EXPECT_TRUE(disk.waiting.empty());
+  EXPECT_EQ(play(screen, 4), "abca");
 }
 
 TEST_F(ZQAnImage, withoutAFirstFrameNothingIsShownAndNothingTicks) {

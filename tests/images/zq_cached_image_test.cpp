@@ -79,7 +79,7 @@ TEST_F(ZQCachedImageTest, goesThroughItsStatusesByWhatItsSourceIs) {
     EXPECT_EQ(VM::lookup(row.url), model);
     EXPECT_EQ(heard(*model, kLetters), "") << "it is never loaded again";
   }
-  EXPECT_FALSE(decodedOnTheInterfaceThread());
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 0U);
 }
 
 TEST_F(ZQCachedImageTest, viewsOfOneSourceShareItsLoadAndThoseWithoutASourceTheirModel) {

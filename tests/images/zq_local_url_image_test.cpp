@@ -36,7 +36,7 @@ TEST_F(ZQLocalURLImageTest, goesThroughItsStatusesInSilence) {
     EXPECT_EQ(VM::lookup(row.url), model);
     EXPECT_EQ(heard(*model, "slrf"), "") << "it is never loaded again";
   }
-  EXPECT_FALSE(decodedOnTheInterfaceThread());
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 0U);
 }
 
 TEST_F(ZQLocalURLImageTest, showsThePictureInTheMiddleAndNothingWithoutOne) {

@@ -68,7 +68,11 @@ TEST_F(ZQSharedCachedImageTest, goesThroughItsStatusesAndTellsWhenItsLoadHasEnde
     EXPECT_EQ(printed.text(), row.printed);
     EXPECT_NE(model->failureReason().find(row.reason), std::string::npos);
   }
-  EXPECT_FALSE(decodedOnTheInterfaceThread());
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 2U) << "in one turn with its statuses";
+  VM::lookup(id("here"), of, DecodeSize{.points = 1, .scale = 1});
+  platform.runUntilIdle();
+  EXPECT_EQ(decoded().size(), 3U);
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 2U) << "small ones are decoded elsewhere";
 }
 
 TEST_F(ZQSharedCachedImageTest, aPictureOnceDecodedIsFoundByItsPathEvenAfterInvalidation) {

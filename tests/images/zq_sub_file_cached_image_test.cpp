@@ -63,7 +63,12 @@ TEST_F(ZQSubFileCachedImageTest, goesThroughItsStatusesAndTellsOfASuccessAlone) 
     EXPECT_EQ(printed.text(), row.printed);
     EXPECT_NE(model->failureReason().find(row.reason), std::string::npos);
   }
-  EXPECT_FALSE(decodedOnTheInterfaceThread());
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 1U) << "in one turn with its statuses";
+  const std::string id = addPicture("store", 3);
+  const auto small = VM::lookup(id, store(), DecodeSize{.points = 1, .scale = 1});
+  platform.runUntilIdle();
+  EXPECT_EQ(small->status, VM::Status::ready);
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 1U) << "small ones are decoded elsewhere";
 }
 
 TEST_F(ZQSubFileCachedImageTest, theStoreThatWasGivenFirstIsReadOnce) {

@@ -43,7 +43,9 @@ TEST_F(ZQURLImageTest, goesThroughItsStatusesByWhatIsKeptAndWhatTheServerAnswers
     double afterSeconds;
     const char* heard;
     std::size_t width;  // of what is shown in the end; 0: nothing
+    std::optional<DecodeSize> size = std::nullopt;
   };
+  const DecodeSize small{.points = 5000, .scale = 1};
   const std::vector<Case> cases{
       {"a first run", {}, picture(3), 1, "d+ r+", 3},
       {"a first run, answered at once", {}, picture(3), 0, "d+ r+", 3},
@@ -53,8 +55,9 @@ TEST_F(ZQURLImageTest, goesThroughItsStatusesByWhatIsKeptAndWhatTheServerAnswers
       {"a later run, the server changed", picture(2), {'x'}, 1, "d+ c+ f+", 2},
       {"a damaged file", {'Z', 'Q'}, picture(3), 1, "d+ r+", 3},
       {"a damaged file, the server gone", {'Z', 'Q'}, {}, 1, "f-", 0},
-      {"a file too large for at once", picture(1100, 1000), picture(3), 1, "d+ c+ c+ r+", 3},
-      {"too large, the server gone", picture(1100, 1000), {}, 1, "d+ c+ f+", 1100},
+      {"a large file", picture(1100, 1000), picture(3), 0, "d+ c+ c+ r+", 3},
+      {"a small one of it", picture(1100, 1000), picture(3), 1, "d+ c+ c+ r+", 3, small},
+      {"a small one, the server gone", picture(1100, 1000), {}, 1, "d+ c+ f+", 1100, small},
       {"nothing at all", {}, {}, 1, "f-", 0},
   };
   for (const Case& row : cases) {
@@ -64,7 +67,7 @@ TEST_F(ZQURLImageTest, goesThroughItsStatusesByWhatIsKeptAndWhatTheServerAnswers
     if (!row.kept.empty()) keep(url, row.kept);
     platform.downloads().setAnswer(asked, {row.answer, row.answer.empty() ? "gone" : ""},
                                    row.afterSeconds);
-    const auto model = VM::lookup(url);
+    const auto model = VM::lookup(url, row.size);
     EXPECT_EQ(model->status, VM::Status::downloading) << "at once";
     EXPECT_FALSE(model->image_.get()) << "never inside of the call";
     EXPECT_EQ(heard(*model, kLetters), row.heard);
@@ -72,7 +75,7 @@ TEST_F(ZQURLImageTest, goesThroughItsStatusesByWhatIsKeptAndWhatTheServerAnswers
     EXPECT_EQ(image ? static_cast<std::size_t>(image->width()) : 0U, row.width);
     EXPECT_EQ(model->status, row.answer == picture(3) ? VM::Status::ready : VM::Status::failed);
     EXPECT_EQ(kept(url), row.answer == picture(3) ? row.answer : row.kept);
-    EXPECT_EQ(VM::lookup(url), model);
+    EXPECT_EQ(VM::lookup(url, row.size), model);
     EXPECT_EQ(heard(*model, kLetters), "") << "it is never loaded again";
   }
   EXPECT_EQ(platform.downloads().fetched().size(), cases.size());
@@ -103,7 +106,7 @@ TEST_F(ZQURLImageTest, blanksAreEscapedAndNothingElse) {
 TEST_F(ZQURLImageTest, aKeptPictureThatComesAfterTheFailureIsShownAllTheSame) {
   const std::string url = host + " is no address";
   keep(url, picture(1100, 1000));
-  const auto model = VM::lookup(url);
+  const auto model = VM::lookup(url, DecodeSize{.points = 5000});
   EXPECT_EQ(heard(*model, kLetters), "f- f+");
 }
 

@@ -15,8 +15,7 @@ struct Request {
 };
 
 LoadedPicture decoded(Result<Bytes> bytes, const Request& request) {
-  if (!bytes.ok()) return {std::nullopt, {}, bytes.error().sentence};
-  return decodePicture(std::move(bytes).value(), request.maxSide, request.url.text());
+  return decodePicture(std::move(bytes), request.maxSide, request.url.text());
 }
 
 Task<void> download(Request request, std::shared_ptr<PictureTurn> turn) {
@@ -25,21 +24,18 @@ Task<void> download(Request request, std::shared_ptr<PictureTurn> turn) {
     request.answer(decoded(std::move(bytes), request));
     co_return;
   }
-  // Decoding takes its turn among the files; the next download need not wait for it.
-  const auto model = request.model.lock();
-  auto held = std::make_shared<Result<Bytes>>(std::move(bytes));
-  PictureOrder::shared().add(PictureLane::local, model,
-                             [request = std::move(request), held](const auto&) {
-                               request.answer(decoded(std::move(*held), request));
-                             });
+  // The next download need not wait for it.
+  decodeInTurn(request.model.lock(), std::move(bytes).value(), request.maxSide, request.url.text(),
+               std::move(request.answer));
   turn.reset();
 }
 
 }  // namespace
 
-LoadedPicture decodePicture(Bytes bytes, int maxSide, const std::string& name) {
+LoadedPicture decodePicture(Result<Bytes> bytes, int maxSide, const std::string& name) {
+  if (!bytes.ok()) return {std::nullopt, {}, bytes.error().sentence};
   const DecodeLimits limits{maxSide, picturePixelLimit()};
-  LoadedPicture picture{zqImage(bytes, limits), std::move(bytes), {}};
+  LoadedPicture picture{zqImage(bytes.value(), limits), std::move(bytes).value(), {}};
   if (picture.image) return picture;
   const std::int64_t declared = Platform::current().imageCodec().declaredPixels(picture.bytes);
   picture.failure = declared > limits.maxPixels
@@ -47,6 +43,15 @@ LoadedPicture decodePicture(Bytes bytes, int maxSide, const std::string& name) {
                               std::to_string(limits.maxPixels) + " of setPicturePixelLimit"
                         : name + " is no whole picture of a known kind";
   return picture;
+}
+
+void decodeInTurn(const std::shared_ptr<PictureModel>& model, Bytes bytes, int maxSide,
+                  std::string name, std::function<void(LoadedPicture)> answer) {
+  PictureOrder::shared().add(PictureLane::local, model,
+                             [maxSide, held = std::make_shared<Bytes>(std::move(bytes)),
+                              name = std::move(name), answer = std::move(answer)](const auto&) {
+                               answer(decodePicture(std::move(*held), maxSide, name));
+                             });
 }
 
 void loadPicture(const std::shared_ptr<PictureModel>& model, const Url& url, int maxSide,

@@ -9,6 +9,7 @@
 #include <string>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_order.hpp>
+#include <zqswiftui/platform/base/result.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 
@@ -22,8 +23,13 @@ struct LoadedPicture {
 };
 
 // Within the limit on pixels, and scaled down to maxSide where that is not 0. What the picture is
-// called in the sentence: its file, address or id. Waits for the decoder.
-LoadedPicture decodePicture(Bytes bytes, int maxSide, const std::string& name);
+// called in the sentence: its file, address or id. Bytes that could not be had are no picture.
+// Waits for the decoder.
+LoadedPicture decodePicture(Result<Bytes> bytes, int maxSide, const std::string& name);
+
+// The same in a turn of its own among the files, in the background.
+void decodeInTurn(const std::shared_ptr<PictureModel>& model, Bytes bytes, int maxSide,
+                  std::string name, std::function<void(LoadedPicture)> answer);
 
 // Reads or downloads what the URL names, decodes it and hands it over, on a background thread
 // each, in the order of PictureOrder. The answer does not come where the platform ends before.

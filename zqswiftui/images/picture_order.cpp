@@ -119,10 +119,12 @@ void PictureOrder::dropAll(PictureLane which) {
 }
 
 void PictureTurn::post(PictureLane lane) {
-  Queue::execute(false, [turn = std::make_shared<PictureTurn>(lane)] {
+  auto run = [turn = std::make_shared<PictureTurn>(lane)] {
     turn->began_ = true;
     if (const auto job = PictureOrder::shared().take(turn->lane_)) job->work(turn);
-  });
+  };
+  if (lane == PictureLane::local) return Queue::executeHeavy(std::move(run));
+  Queue::execute(false, std::move(run));
 }
 
 PictureTurn::~PictureTurn() {

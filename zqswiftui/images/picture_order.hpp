@@ -37,8 +37,9 @@ struct PicturePlace {
 };
 
 // The order in which pictures are loaded: what a view observes first, in the order in which the
-// views began to, then the rest as it was asked for. A few at a time, each in a piece of slow
-// background work of its own, so that other work gets its turn among hundreds of pictures.
+// views began to, then the rest as it was asked for. A few at a time, each in a piece of background
+// work of its own, so that other work gets its turn among hundreds of pictures; that of files is
+// heavy work, which leaves a processor to the interface thread.
 //
 // A step costs the same however many wait: work goes to the front when a view begins to observe
 // its model, and back when its turn comes and nobody observes the model any more.

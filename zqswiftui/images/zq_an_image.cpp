@@ -62,8 +62,8 @@ std::vector<Image> ZQAnimImage::imageList() const {
 // A frame a piece, so that a long animation does not keep a thread from other pictures.
 void ZQAnimImage::load(std::weak_ptr<Frames> frames, std::weak_ptr<ZQAnimImage> shown,
                        std::string prefix, std::size_t number) {
-  Queue::execute(false, [frames = std::move(frames), shown = std::move(shown),
-                         prefix = std::move(prefix), number]() mutable {
+  Queue::executeHeavy([frames = std::move(frames), shown = std::move(shown),
+                       prefix = std::move(prefix), number]() mutable {
     if (frames.expired()) return;
     const std::string name = prefix + strUt_padN(static_cast<std::int64_t>(number), kDigits);
     std::optional<ZQImage> picture = ImageCache::getImage(name);

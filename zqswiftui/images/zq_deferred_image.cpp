@@ -20,7 +20,7 @@ ListById& list() {
 }
 
 SerialQueue& queue() {
-  static auto* const one = new SerialQueue("vendel.zqdeferredimagevm");
+  static auto* const one = new SerialQueue("vendel.zqdeferredimagevm", SerialQueue::Kind::heavy);
   return *one;
 }
 

@@ -7,6 +7,7 @@
 #include <zqswiftui/images/picture_loading.hpp>
 #include <zqswiftui/images/stored_picture.hpp>
 #include <zqswiftui/images/zq_shared_cached_image.hpp>
+#include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_cache.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
@@ -21,7 +22,6 @@ ZQCache& pictures() {
 }
 
 std::string cacheKey(const Url& url, int maxSide) {
-  if (maxSide == 0) return url.path();
   // No path holds a zero byte, so a key of a size is none of a path.
   return url.path() + '\0' + std::to_string(maxSide);
 }
@@ -53,22 +53,25 @@ std::shared_ptr<ZQSharedCachedImageVM> ZQSharedCachedImageVM::lookup(
     std::shared_ptr<ZQSharedCachedImageVM> model(new ZQSharedCachedImageVM(id, maxSide));
     if (id) {
       detail::PictureOrder::shared().add(detail::PictureLane::local, model,
-                                         [weak = Weak(model), shareApp, id](const auto&) {
-                                           detach(resolve(weak, shareApp, *id));
+                                         [weak = Weak(model), shareApp, id](auto turn) {
+                                           detach(resolve(weak, shareApp, *id, std::move(turn)));
                                          });
     }
     return model;
   });
 }
 
-Task<void> ZQSharedCachedImageVM::resolve(Weak weak, ZQShareApp shareApp, std::string id) {
+// Its turn ends with it, so that few files at a time wait for the interface thread to read them.
+Task<void> ZQSharedCachedImageVM::resolve(Weak weak, ZQShareApp shareApp, std::string id,
+                                          std::shared_ptr<detail::PictureTurn> turn) {
+  const auto held = std::move(turn);
   const std::optional<Url> local = co_await shareApp.urlForId(id, false);
   if (!local) {
     // Only what is missing waits among the downloads.
     detail::PictureOrder::shared().add(
         detail::PictureLane::remote, weak.lock(),
-        [weak, shareApp, id](std::shared_ptr<detail::PictureTurn> turn) {
-          detach(fetch(weak, shareApp, id, std::move(turn)));
+        [weak, shareApp, id](std::shared_ptr<detail::PictureTurn> another) {
+          detach(fetch(weak, shareApp, id, std::move(another)));
         });
     co_return;
   }
@@ -89,12 +92,30 @@ void ZQSharedCachedImageVM::loadOnMain(const Weak& weak, const Url& url) {
   if (const auto model = weak.lock()) model->load(url);
 }
 
-// A picture that is kept is there at once. One that is not is read and decoded in the background,
-// so that nothing stands still meanwhile, with the same steps in the same order for who looks; who
-// needs the same file meanwhile waits for it, as it would find it kept if it came later.
 void ZQSharedCachedImageVM::load(const Url& url) {
   std::puts("loadImage");
   status = Status::loading;
+  if (maxSide_ == 0) {
+    loadHere(url);
+  } else {
+    loadSmall(url);
+  }
+}
+
+// The interface thread waits for a file that is not kept.
+void ZQSharedCachedImageVM::loadHere(const Url& url) {
+  detail::LoadedPicture picture;
+  auto image = pictures().getCachedOrExecute<ZQImage>(url.path(), [&] {
+    picture = detail::decodePicture(readFile(url.path()), maxSide_, url.text());
+    return picture.image;
+  });
+  take({std::move(image), {}, std::move(picture.failure)});
+}
+
+// A picture that is kept is there at once. One that is not is read and decoded in the background,
+// with the same steps in the same order for who looks; who needs the same file meanwhile waits for
+// it, as it would find it kept if it came later.
+void ZQSharedCachedImageVM::loadSmall(const Url& url) {
   const std::string key = cacheKey(url, maxSide_);
   auto kept = pictures().getCachedOrExecute<ZQImage>(key, [] { return std::optional<ZQImage>(); });
   if (kept) return take({std::move(kept), {}, {}});

@@ -21,7 +21,8 @@ class PictureTurn;
 
 // The picture of one item of a sharing record, which is downloaded first where it is missing.
 // Decoded pictures are kept by the path of their file and outlive ZQSharedCachedImage::invalidate,
-// by which alone a model is released. Looked up on the interface thread.
+// by which alone a model is released. Once the file is there it is read and decoded in one turn of
+// the interface thread; with a size, in the background. Looked up on the interface thread.
 class ZQSharedCachedImageVM : public PictureModel,
                               public std::enable_shared_from_this<ZQSharedCachedImageVM> {
  public:
@@ -44,7 +45,8 @@ class ZQSharedCachedImageVM : public PictureModel,
   using Weak = std::weak_ptr<ZQSharedCachedImageVM>;
   struct Load;
   static auto& list();
-  static Task<void> resolve(Weak weak, ZQShareApp shareApp, std::string id);
+  static Task<void> resolve(Weak weak, ZQShareApp shareApp, std::string id,
+                            std::shared_ptr<detail::PictureTurn> turn);
   static Task<void> fetch(Weak weak, ZQShareApp shareApp, std::string id,
                           std::shared_ptr<detail::PictureTurn> turn);
   static void loadOnMain(const Weak& weak, const Url& url);
@@ -52,6 +54,8 @@ class ZQSharedCachedImageVM : public PictureModel,
   ZQSharedCachedImageVM(std::optional<std::string> item, int maxSide)
       : id(std::move(item)), maxSide_(maxSide) {}
   void load(const Url& url);
+  void loadHere(const Url& url);
+  void loadSmall(const Url& url);
   void take(const detail::LoadedPicture& picture);
 
   const int maxSide_;

@@ -46,29 +46,37 @@ Task<void> ZQSubFileCachedImageVM::read(Weak weak, ZQSubFiles store, std::string
   std::optional<Bytes> bytes = co_await store.read(id);
   // What nobody waits for any more is not decoded.
   if (weak.expired()) co_return;
-  detail::LoadedPicture picture;
-  if (bytes) {
-    picture = detail::decodePicture(std::move(*bytes), maxSide, id);
-  } else {
-    picture.failure = "the store has no item " + id;
+  if (bytes && maxSide > 0) {
+    detail::decodeInTurn(weak.lock(), std::move(*bytes), maxSide, id,
+                         [weak](detail::LoadedPicture picture) {
+                           XMain::post([weak, picture = std::move(picture)] {
+                             if (const auto model = weak.lock()) model->take(picture);
+                           });
+                         });
+    co_return;
   }
-  turn.reset();
+  // The turn lasts until then, so that few pictures at a time wait for the interface thread.
+  const auto held = std::move(turn);
   co_await onMain();
-  if (const auto model = weak.lock()) {
-    model->take(std::move(picture.image), std::move(picture.failure));
+  const auto model = weak.lock();
+  if (!model) co_return;
+  if (bytes) {
+    model->take(detail::decodePicture(std::move(*bytes), 0, id));
+  } else {
+    model->take({std::nullopt, {}, "the store has no item " + id});
   }
 }
 
-void ZQSubFileCachedImageVM::take(std::optional<ZQImage> image, std::string failure) {
-  if (image) {
-    image_ = std::move(image);
+void ZQSubFileCachedImageVM::take(const detail::LoadedPicture& picture) {
+  if (picture.image) {
+    image_ = picture.image;
     status = Status::ready;
     XMain::post([weak = weak_from_this()] {
       if (const auto model = weak.lock()) model->willChange.send();
     });
     return;
   }
-  noteFailure(std::move(failure));
+  noteFailure(picture.failure);
   XMain::post([weak = weak_from_this()] {
     if (const auto model = weak.lock()) model->status = Status::failed;
   });

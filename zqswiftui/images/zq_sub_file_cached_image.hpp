@@ -15,10 +15,12 @@
 namespace zq {
 
 namespace detail {
+struct LoadedPicture;
 class PictureTurn;
-}
+}  // namespace detail
 
-// The picture of one item of a store of files, read once for all who ask for it. Looked up on the
+// The picture of one item of a store of files, read once for all who ask for it, in the background,
+// and decoded on the interface thread; with a size, in the background too. Looked up on the
 // interface thread; never released but by ZQSubFileCachedImageView::invalidate.
 class ZQSubFileCachedImageVM : public PictureModel,
                                public std::enable_shared_from_this<ZQSubFileCachedImageVM> {
@@ -46,7 +48,7 @@ class ZQSubFileCachedImageVM : public PictureModel,
   ZQSubFileCachedImageVM(std::optional<std::string> item, int maxSide)
       : id(std::move(item)), maxSide_(maxSide) {}
   void load(const ZQSubFiles& store, std::shared_ptr<detail::PictureTurn> turn);
-  void take(std::optional<ZQImage> image, std::string failure);
+  void take(const detail::LoadedPicture& picture);
 
   const int maxSide_;
 };

@@ -15,8 +15,9 @@
 namespace zq {
 namespace {
 
-// What is read and decoded before the first frame shows it at once, but holds up that frame: this
-// is a few milliseconds' worth. Larger ones come a moment later, from the background.
+// Of a picture that is asked for small: what is read and decoded before the first frame is shown
+// at once, but holds up that frame. This is a few milliseconds' worth; larger ones come a moment
+// later, from the background.
 constexpr std::uint64_t kBytesAtOnce = std::uint64_t{1} << 20;
 constexpr std::int64_t kPixelsAtOnce = std::int64_t{1} << 20;
 
@@ -57,15 +58,20 @@ std::optional<Url> ZQURLImage::keptFile() const {
 void ZQURLImage::showKeptPicture() {
   const auto file = keptFile();
   if (!file || !fu_fileExists(*file)) return;
-  const Result<Bytes> bytes = readFile(file->path(), kBytesAtOnce);
-  const DecodeLimits limits{maxSide_, std::min(kPixelsAtOnce, picturePixelLimit())};
-  const auto image = bytes.ok() ? zqImage(bytes.value(), limits) : std::nullopt;
-  if (!image) return readKeptPicture(file->path());
+  const bool whole = maxSide_ == 0;
+  const Result<Bytes> bytes = readFile(file->path(), whole ? defaultReadLimit : kBytesAtOnce);
+  const std::int64_t most =
+      std::min(whole ? picturePixelLimit() : kPixelsAtOnce, picturePixelLimit());
+  const auto image = bytes.ok() ? zqImage(bytes.value(), {maxSide_, most}) : std::nullopt;
+  if (!image) {
+    if (!whole) readKeptPicture(file->path());
+    return;
+  }
   XMain::post([self = shared_from_this(), image] { self->showUntilReady(image); });
 }
 
 void ZQURLImage::readKeptPicture(const std::string& path) {
-  Queue::execute(false, [self = shared_from_this(), path] {
+  Queue::executeHeavy([self = shared_from_this(), path] {
     const Result<Bytes> bytes = readFile(path);
     if (!bytes.ok()) return;
     auto image = zqImage(bytes.value(), {self->maxSide_, picturePixelLimit()});

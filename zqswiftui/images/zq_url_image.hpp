@@ -18,8 +18,10 @@ struct LoadedPicture;
 
 // The picture of one address, normally remote, downloaded once a process for all who ask for it.
 // What was downloaded is kept as it came in the folder Vendel/ZQURLImage of the user's cache, under
-// the MD5 digest of the address, and shown by the next process until its own download ends. A
-// file there that is damaged is ignored and replaced; a folder that cannot be written is harmless.
+// the MD5 digest of the address, and shown by the next process until its own download ends: it is
+// read and decoded at once, by who asks for the model; with a size, a large one a moment later, in
+// the background. A file there that is damaged is ignored and replaced; a folder that cannot be
+// written is harmless.
 // Looked up on the interface thread; never released.
 class ZQURLImage : public PictureModel, public std::enable_shared_from_this<ZQURLImage> {
  public:

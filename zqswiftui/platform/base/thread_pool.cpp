@@ -3,49 +3,86 @@
 #include <utility>
 #include <zqswiftui/platform/base/thread_pool.hpp>
 
+#ifdef __linux__
+#include <sys/resource.h>
+#endif
+
 namespace zq {
+namespace {
+
+constexpr int kNiceness = 10;  // of heavy work, above that of the program
+
+unsigned threadsOfACrew() {
+  return std::clamp(std::thread::hardware_concurrency(), 2u, 4u);
+}
+
+// Of this thread alone, and for good: a program may not take it back.
+void lowerPriority() {
+#ifdef __linux__
+  setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + kNiceness);
+#endif
+}
+
+}  // namespace
 
 ThreadPool::ThreadPool() {
-  const unsigned count = std::clamp(std::thread::hardware_concurrency(), 2u, 4u);
-  workers_.reserve(count);
-  for (unsigned i = 0; i < count; ++i) workers_.emplace_back([this] { runWorker(); });
+  const unsigned count = threadsOfACrew();
+  for (unsigned i = 0; i < count; ++i) usual_.threads.emplace_back([this] { runWorker(usual_); });
 }
 
 void ThreadPool::close() {
-  std::deque<std::function<void()>> dropped;  // ended after the lock: it may post again
+  Work dropped;  // ended after the lock: it may post again
   {
     const std::lock_guard lock(mutex_);
     stopping_ = true;
-    dropped = std::exchange(fastWork_, {});
-    std::move(otherWork_.begin(), otherWork_.end(), std::back_inserter(dropped));
-    otherWork_.clear();
+    for (Work* work : {&usual_.fast, &usual_.others, &heavy_.others}) {
+      std::move(work->begin(), work->end(), std::back_inserter(dropped));
+      work->clear();
+    }
   }
-  workOrStop_.notify_all();
-  for (std::thread& worker : workers_) worker.join();
-  workers_.clear();
+  for (Crew* crew : {&usual_, &heavy_}) {
+    crew->workOrStop.notify_all();
+    for (std::thread& thread : crew->threads) thread.join();
+    crew->threads.clear();
+  }
 }
 
 void ThreadPool::post(std::function<void()> work, bool fast) {
   {
     const std::lock_guard lock(mutex_);
     if (stopping_) return;
-    (fast ? fastWork_ : otherWork_).push_back(std::move(work));
+    (fast ? usual_.fast : usual_.others).push_back(std::move(work));
   }
-  workOrStop_.notify_one();
+  usual_.workOrStop.notify_one();
+}
+
+void ThreadPool::postHeavy(std::function<void()> work) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (stopping_) return;
+    heavy_.others.push_back(std::move(work));
+    for (auto i = heavy_.threads.size(); i < threadsOfACrew(); ++i) {
+      heavy_.threads.emplace_back([this] {
+        lowerPriority();
+        runWorker(heavy_);
+      });
+    }
+  }
+  heavy_.workOrStop.notify_one();
 }
 
 void ThreadPool::waitUntilIdle() {
   std::unique_lock lock(mutex_);
-  idle_.wait(lock, [this] { return running_ == 0 && fastWork_.empty() && otherWork_.empty(); });
+  idle_.wait(lock,
+             [this] { return running_ == 0 && usual_.next().empty() && heavy_.next().empty(); });
 }
 
-void ThreadPool::runWorker() {
+void ThreadPool::runWorker(Crew& crew) {
   std::unique_lock lock(mutex_);
   while (true) {
-    workOrStop_.wait(lock,
-                     [this] { return stopping_ || !fastWork_.empty() || !otherWork_.empty(); });
+    crew.workOrStop.wait(lock, [&] { return stopping_ || !crew.next().empty(); });
     if (stopping_) return;
-    auto& queue = fastWork_.empty() ? otherWork_ : fastWork_;
+    Work& queue = crew.next();
     std::function<void()> work = std::move(queue.front());
     queue.pop_front();
     ++running_;

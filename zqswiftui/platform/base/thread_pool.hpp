@@ -11,7 +11,11 @@
 
 namespace zq {
 
-// Background work on two to four threads, as the machine has processors.
+// Background work on two to four threads, as the machine has processors, and heavy work on as many
+// others. These have a lower priority on Linux (their niceness is 10 above that of the program), so
+// that hundreds of pictures to decode leave a processor to the interface thread whenever it has
+// something to do; where nobody else has, they lose nothing. Other work keeps the priority of the
+// program: the interface thread waits for some of it, such as what is saved at the end.
 class ThreadPool : public Background {
  public:
   ThreadPool();
@@ -20,6 +24,8 @@ class ThreadPool : public Background {
   ThreadPool& operator=(const ThreadPool&) = delete;
 
   void post(std::function<void()> work, bool fast) override;
+  // The threads of heavy work begin with the first piece.
+  void postHeavy(std::function<void()> work) override;
   // Waits for the work that runs, and drops what has not begun and what is posted from now on,
   // which what runs or is dropped may still do. Any thread but its own.
   void close();
@@ -27,16 +33,22 @@ class ThreadPool : public Background {
   void waitUntilIdle();
 
  private:
-  void runWorker();
+  using Work = std::deque<std::function<void()>>;
+  struct Crew {
+    Work fast, others;
+    std::condition_variable workOrStop;
+    std::vector<std::thread> threads;
+
+    Work& next() { return fast.empty() ? others : fast; }
+  };
+  void runWorker(Crew& crew);
 
   std::mutex mutex_;
-  std::condition_variable workOrStop_;
   std::condition_variable idle_;
-  std::deque<std::function<void()>> fastWork_;
-  std::deque<std::function<void()>> otherWork_;
+  Crew usual_;
+  Crew heavy_;
   int running_ = 0;
   bool stopping_ = false;
-  std::vector<std::thread> workers_;
 };
 
 }  // namespace zq

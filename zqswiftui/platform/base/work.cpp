@@ -24,8 +24,13 @@ void Queue::execute(bool fast, std::function<void()> work) {
   Platform::current().background().post(std::move(work), fast);
 }
 
+void Queue::executeHeavy(std::function<void()> work) {
+  Platform::current().background().postHeavy(std::move(work));
+}
+
 struct SerialQueue::State : std::enable_shared_from_this<State> {
   std::string name;
+  Kind kind = Kind::usual;
   std::mutex mutex;
   std::deque<std::function<void()>> waiting;
   bool turnIsComing = false;
@@ -49,14 +54,16 @@ struct SerialQueue::State : std::enable_shared_from_this<State> {
   // One piece a turn, so that a long queue does not keep a thread from the others; and one turn
   // at a time, so that no other thread waits beside a slow piece.
   void scheduleTurn() {
-    Queue::execute(false, [turn = std::make_shared<Turn>(shared_from_this())] {
+    auto run = [turn = std::make_shared<Turn>(shared_from_this())] {
       const auto self = std::exchange(turn->queue, nullptr);
       {
         const std::lock_guard mine(self->running);
         self->runNext();
       }
       self->endTurn();
-    });
+    };
+    if (kind == Kind::heavy) return Queue::executeHeavy(std::move(run));
+    Queue::execute(false, std::move(run));
   }
 
   void endTurn() {
@@ -83,8 +90,9 @@ struct SerialQueue::State : std::enable_shared_from_this<State> {
   }
 };
 
-SerialQueue::SerialQueue(std::string name) : state_(std::make_shared<State>()) {
+SerialQueue::SerialQueue(std::string name, Kind kind) : state_(std::make_shared<State>()) {
   state_->name = std::move(name);
+  state_->kind = kind;
 }
 
 const std::string& SerialQueue::name() const {

@@ -18,14 +18,19 @@ struct XMain {
 // Background work. Fast work goes first; two pieces may run at once.
 struct Queue {
   static void execute(bool fast, std::function<void()> work);
+  // Work that keeps a processor busy for long and that the interface thread never waits for: it
+  // gives way to it.
+  static void executeHeavy(std::function<void()> work);
 };
 
 // Background work that runs one piece after another, in posting order, on no thread of its
-// own. What was posted runs even when the queue is gone. Any thread.
-//   static SerialQueue queue("vendel.zqdeferredimagevm");
+// own. What was posted runs even when the queue is gone. Any thread. A heavy queue is for work that
+// keeps a processor busy for long, as Queue::executeHeavy has it; nobody should wait in its sync.
+//   static SerialQueue queue("vendel.zqdeferredimagevm", SerialQueue::Kind::heavy);
 class SerialQueue {
  public:
-  explicit SerialQueue(std::string name);
+  enum class Kind : unsigned char { usual, heavy };
+  explicit SerialQueue(std::string name, Kind kind = Kind::usual);
 
   const std::string& name() const;
   void post(std::function<void()> work);

@@ -77,6 +77,11 @@ void HeadlessTime::post(std::function<void()> work, bool fast) {
   if (!closed_) (fast ? fastWork_ : otherWork_).push_back(std::move(work));
 }
 
+void HeadlessTime::postHeavy(std::function<void()> work) {
+  if (threads_) return threads_->postHeavy(std::move(work));
+  post(std::move(work), false);
+}
+
 void HeadlessTime::advance(double seconds) {
   ZQ_REQUIRE(isMainThread(), "HeadlessPlatform: time is advanced on the interface thread alone");
   ZQ_REQUIRE(std::isfinite(seconds) && seconds >= 0, "HeadlessPlatform: time runs forwards");

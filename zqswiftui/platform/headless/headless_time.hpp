@@ -41,6 +41,7 @@ class HeadlessTime : public MainQueue, public Clock, public Background {
   void setWallTime(std::chrono::system_clock::time_point start) { wallStart_ = start; }
 
   void post(std::function<void()> work, bool fast) override;
+  void postHeavy(std::function<void()> work) override;
 
   void advance(double seconds);
   void stall(double seconds);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 namespace zq {
 
@@ -11,6 +12,10 @@ class Background {
  public:
   virtual ~Background() = default;
   virtual void post(std::function<void()> work, bool fast) = 0;
+  // Work that keeps a processor busy for long, such as decoding. It may run on threads that give
+  // way to all others of the program, so the interface thread must not wait for it; in posting
+  // order among its kind. Here: as other work that is not fast.
+  virtual void postHeavy(std::function<void()> work) { post(std::move(work), false); }
 };
 
 }  // namespace zq

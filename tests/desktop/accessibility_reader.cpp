@@ -41,9 +41,11 @@ class Bus {
     list.endArray();
     return found;
   }
-  QString name(const Element& e) const {
+  QString name(const Element& e) const { return property(e, QStringLiteral("Name")); }
+  QString description(const Element& e) const { return property(e, QStringLiteral("Description")); }
+  QString property(const Element& e, const QString& which) const {
     const auto answer = call(e, "org.freedesktop.DBus.Properties", "Get",
-                             {QStringLiteral("org.a11y.atspi.Accessible"), QStringLiteral("Name")});
+                             {QStringLiteral("org.a11y.atspi.Accessible"), which});
     return answer.arguments().isEmpty()
                ? QString()
                : answer.arguments().constFirst().value<QDBusVariant>().variant().toString();
@@ -80,7 +82,7 @@ bool walk(const Bus& bus, const Element& e, const QString& press, int depth) {
   const QString name = bus.name(e);
   const QString role = bus.role(e);
   std::cout << std::string(static_cast<std::size_t>(depth) * 2, ' ') << role.toStdString() << " '"
-            << name.toStdString() << "'\n";
+            << name.toStdString() << "' " << bus.description(e).toStdString() << '\n';
   bool pressed = !press.isEmpty() && name == press && role.contains("button") && bus.press(e);
   for (const Element& child : bus.children(e)) {
     pressed = walk(bus, child, press, depth + 1) || pressed;

@@ -11,48 +11,11 @@ if [[ -z ${ZQ_INSIDE_BUS:-} ]]; then
   exec env -u DBUS_SESSION_BUS_ADDRESS ZQ_INSIDE_BUS=1 dbus-run-session -- bash "$0" "$bin"
 fi
 
-home=$(mktemp -d)
-mkdir -m 0700 "$home/runtime"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$home"
-}
-trap cleanup EXIT
-export HOME=$home XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb
-export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+# shellcheck source=tests/smoke/display.bash
+source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
 
-Xvfb -displayfd 5 -screen 0 1280x800x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
-pids+=($!)
-until_true() {  # waits for a condition, not for a time
-  for _ in $(seq 400); do
-    if "$@"; then return 0; fi
-    sleep 0.05
-  done
-  echo "never came: $*" >&2
-  cat "$home/out" >&2
-  exit 1
-}
-until_true test -s "$home/display"
-DISPLAY=:$(cat "$home/display")
-export DISPLAY
-
-mkfifo "$home/in"
-"$bin/window_probe" <"$home/in" >"$home/out" 2>"$home/err" &
-pids+=($!)
-exec 6>"$home/in"
-heard() { [[ $(grep -cxF -- "$1" "$home/out") -ge ${2:-1} ]]; }
-said() { grep -qF -- "$1" "$home/out"; }
-until_true heard ready
-window=$(xdotool search --sync --onlyvisible --name '^PROBE$')
-xdotool windowfocus --sync "$window"
-
-echo places >&6
-until_true said "at scroll"
-place() { sed -n "s/^at $1 //p" "$home/out" | head -1; }
-# shellcheck disable=SC2046
-move() { xdotool mousemove --window "$window" $(place "$1"); }
+start_probe window_probe PROBE
+find_places scroll
 
 move Save
 until_true heard "hover in"
@@ -76,14 +39,10 @@ until_true heard "pressed Settings"
 
 move scroll
 before=$home/before.png after=$home/after.png
-echo "grab $before" >&6
-until_true heard grabbed 1
+grab "$before"
 xdotool click --repeat 3 5
 scrolled() {
-  local count
-  count=$(grep -cx grabbed "$home/out")
-  echo "grab $after" >&6
-  until_true heard grabbed $((count + 1))
+  grab "$after"
   ! cmp -s "$before" "$after"
 }
 until_true scrolled

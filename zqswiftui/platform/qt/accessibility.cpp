@@ -132,7 +132,7 @@ void AccessibleTree::tellChanges(const AccessibilityNode& before, const Accessib
   QAccessibleInterface* view = QAccessible::accessibleInterface(accessible);
   if (view == nullptr) return;
   if (before.name != now.name) tell(QAccessibleEvent(view, QAccessible::NameChanged));
-  if (before.description != now.description) {
+  if (descriptionOf(before) != descriptionOf(now)) {
     tell(QAccessibleEvent(view, QAccessible::DescriptionChanged));
   }
   if (before.value != now.value) tell(QAccessibleValueChangeEvent(view, toQString(now.value)));

@@ -54,6 +54,11 @@ const AccessibilityNode* focusedIn(const AccessibilityNode& node) {
   return nullptr;
 }
 
+const std::string& descriptionOf(const AccessibilityNode& node) {
+  const bool valueInstead = node.description.empty() && node.role != Role::textField;
+  return valueInstead ? node.value : node.description;
+}
+
 const AccessibilityNode* AccessibleNode::node() const {
   const auto tree = tree_.lock();
   return tree ? tree->find(id_) : nullptr;
@@ -107,7 +112,7 @@ QString AccessibleNode::text(QAccessible::Text what) const {
     case QAccessible::Value:
       return toQString(self->value);
     case QAccessible::Description:
-      return toQString(self->description);
+      return toQString(descriptionOf(*self));
     default:
       return {};
   }

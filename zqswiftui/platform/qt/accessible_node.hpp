@@ -45,5 +45,8 @@ class AccessibleNode final : public QAccessibleInterface, public QAccessibleActi
 int indexAmong(AccessibleTree& tree, const AccessibilityNode& parent,
                const QAccessibleInterface* child);
 const AccessibilityNode* focusedIn(const AccessibilityNode& node);
+// What it is described by; a value in words where there is nothing else, for the accessibility
+// bus carries values of numbers and of editors alone.
+const std::string& descriptionOf(const AccessibilityNode& node);
 
 }  // namespace zq::qt

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // A layout of one's own: children around a circle, at their ideal sizes.
 #include <QApplication>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <zqswiftui/platform/qt/host_widget.hpp>

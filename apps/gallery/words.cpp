@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/gallery/words.hpp>
 #include <cerrno>
 #include <cstring>

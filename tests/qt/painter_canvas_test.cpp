@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <zqswiftui/platform/qt/painter_canvas.hpp>

@@ -11,6 +11,7 @@
 #include <QImageReader>
 #include <QMimeData>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>

@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 #include <zqswiftui/platform/headless/harness.hpp>

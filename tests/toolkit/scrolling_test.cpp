@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 #include <zqswiftui/platform/headless/harness.hpp>

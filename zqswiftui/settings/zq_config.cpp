@@ -6,6 +6,7 @@
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_notify.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/settings/file_follower.hpp>
 #include <zqswiftui/settings/project_json.hpp>
@@ -54,7 +55,7 @@ void ZQConfig::follow(const Url& file) {
 
 void ZQConfig::handleNotification(std::optional<std::string_view> payload) {
   if (!payload) return;
-  lastBroadcast_ = Platform::current().clock().wallTime();
+  lastBroadcast_ = Platform::current().clock().wallTime().time_since_epoch().count();
   auto decoded = decodeProject(*payload);
   setProject(decoded.ok() ? std::optional(std::move(decoded).value()) : std::nullopt);
   notifyUpdate();
@@ -67,7 +68,7 @@ void ZQConfig::takeFile(const FollowedFile& file) {
     return;
   }
   // The editor saves a little later than it broadcasts; its file may be behind.
-  if (lastBroadcast_ && *lastBroadcast_ > file.writtenAt) return;
+  if (lastBroadcast_ && *lastBroadcast_ > file.writtenAt.time_since_epoch().count()) return;
   if (project_ && sameSettings(*project_, file.project.value())) return;
   setProject(file.project.value());
   notifyUpdate();

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <chrono>
 #include <concepts>
 #include <cstdint>
 #include <memory>
@@ -165,7 +164,7 @@ class ZQConfig : public ObservableObject {
   // Held weakly by what is still to be told when the store goes.
   std::shared_ptr<ZQConfig*> self_ = std::make_shared<ZQConfig*>(this);
   Subscription broadcasts_;
-  std::optional<std::chrono::system_clock::time_point> lastBroadcast_;
+  std::optional<std::int64_t> lastBroadcast_;  // wall time in the clock's own ticks
   std::unique_ptr<FileFollower> file_;
 };
 

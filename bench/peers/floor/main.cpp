@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QStaticText>
+#include <algorithm>
 #include <cmath>
 
 #include "bench.hpp"

@@ -5,6 +5,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <algorithm>
 #include <cmath>
 
 #include "bench.hpp"

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 #include <zqswiftui/platform/base/pressure_task.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {

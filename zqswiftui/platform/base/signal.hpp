@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <condition_variable>
+#include <atomic>
 #include <functional>
 #include <list>
 #include <memory>
@@ -44,28 +44,30 @@ namespace detail {
 class ListenerGate {
  public:
   bool enter() {
-    const std::lock_guard lock(mutex_);
-    if (closed_) return false;
-    ++inside_;
+    unsigned state = state_.load(std::memory_order_relaxed);
+    do {
+      if (state & kClosed) return false;
+    } while (!state_.compare_exchange_weak(state, state + kOneInside, std::memory_order_acquire,
+                                           std::memory_order_relaxed));
     return true;
   }
 
   void leave() {
-    const std::lock_guard lock(mutex_);
-    --inside_;
-    if (closed_) emptied_.notify_all();
+    if (state_.fetch_sub(kOneInside, std::memory_order_acq_rel) & kClosed) state_.notify_all();
   }
 
   // Waits for other threads to leave; calls of this thread further up its stack are not
   // waited for. Answers whether nobody at all is inside any more.
   bool close() {
-    int own = 0;
-    for (const Call* call = innermost; call != nullptr; call = call->outer)
-      own += call->gate == this;
-    std::unique_lock lock(mutex_);
-    closed_ = true;
-    emptied_.wait(lock, [&] { return inside_ <= own; });
-    return inside_ == 0;
+    unsigned own = 0;
+    for (const Call* call = innermost; call != nullptr; call = call->outer) {
+      if (call->gate == this) own += kOneInside;
+    }
+    unsigned state = state_.fetch_or(kClosed, std::memory_order_acq_rel) | kClosed;
+    for (; state > own + kClosed; state = state_.load(std::memory_order_acquire)) {
+      state_.wait(state, std::memory_order_acquire);
+    }
+    return state == kClosed;
   }
 
   // A passage through the gate, remembered by its thread.
@@ -82,11 +84,12 @@ class ListenerGate {
   };
 
  private:
+  static constexpr unsigned kClosed = 1;
+  static constexpr unsigned kOneInside = 2;
   static inline thread_local Call* innermost = nullptr;
-  std::mutex mutex_;
-  std::condition_variable emptied_;
-  int inside_ = 0;
-  bool closed_ = false;
+  // How many are inside, above the bit that says it is closed. Whoever leaves may wake others
+  // after the last wait has ended: each call holds its listener until it has left.
+  std::atomic<unsigned> state_{0};
 };
 
 }  // namespace detail

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <zqswiftui/platform/base/task.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {
 
@@ -31,13 +32,35 @@ std::shared_ptr<detail::TaskRoot> begin(Task<void> task) {
   auto root = std::make_shared<detail::TaskRoot>();
   root->frame = running.frame;
   running.frame.promise().root = root;
-  auto resumption = std::make_shared<detail::Resumption>(running.frame);
-  Platform::current().background().post(
-      [resumption = std::move(resumption)] { resumption->resume(); }, false);
+  detail::resumeInBackground(std::make_shared<detail::Resumption>(running.frame), false);
   return root;
 }
 
+std::function<void()> resuming(std::shared_ptr<detail::Resumption> resumption) {
+  return [resumption = std::move(resumption)] { resumption->resume(); };
+}
+
 }  // namespace
+
+namespace detail {
+
+bool onInterfaceThread() {
+  return Platform::current().mainQueue().isMainThread();
+}
+
+void resumeOnMain(std::shared_ptr<Resumption> resumption) {
+  Platform::current().mainQueue().post(resuming(std::move(resumption)));
+}
+
+void resumeInBackground(std::shared_ptr<Resumption> resumption, bool fast) {
+  Platform::current().background().post(resuming(std::move(resumption)), fast);
+}
+
+void resumeAfter(double seconds, std::shared_ptr<Resumption> resumption) {
+  Platform::current().mainQueue().postDelayed(seconds, resuming(std::move(resumption)));
+}
+
+}  // namespace detail
 
 Subscription start(Task<void> task) {
   return Subscription([root = begin(std::move(task))] { root->cancelled = true; });

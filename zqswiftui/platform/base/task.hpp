@@ -8,7 +8,6 @@
 #include <optional>
 #include <utility>
 #include <zqswiftui/platform/base/signal.hpp>
-#include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/platform/services/require.hpp>
 
 namespace zq {
@@ -94,48 +93,39 @@ class Resumption {
   std::atomic<bool> used_{false};
 };
 
-class OnMain {
- public:
-  bool await_ready() const { return Platform::current().mainQueue().isMainThread(); }
+bool onInterfaceThread();
+// Goes on there, through the platform's queues. Seconds count from now.
+void resumeOnMain(std::shared_ptr<Resumption> resumption);
+void resumeInBackground(std::shared_ptr<Resumption> resumption, bool fast);
+void resumeAfter(double seconds, std::shared_ptr<Resumption> resumption);
+
+struct OnMain {
+  bool await_ready() const { return onInterfaceThread(); }
   template <typename Promise>
   void await_suspend(std::coroutine_handle<Promise> waiting) const {
-    auto resumption = std::make_shared<Resumption>(waiting);
-    Platform::current().mainQueue().post(
-        [resumption = std::move(resumption)] { resumption->resume(); });
+    resumeOnMain(std::make_shared<Resumption>(waiting));
   }
   void await_resume() const {}
 };
 
-class OnBackground {
- public:
-  explicit OnBackground(bool fast) : fast_(fast) {}
+struct OnBackground {
+  bool fast;
   bool await_ready() const { return false; }
   template <typename Promise>
   void await_suspend(std::coroutine_handle<Promise> waiting) const {
-    auto resumption = std::make_shared<Resumption>(waiting);
-    Platform::current().background().post(
-        [resumption = std::move(resumption)] { resumption->resume(); }, fast_);
+    resumeInBackground(std::make_shared<Resumption>(waiting), fast);
   }
   void await_resume() const {}
-
- private:
-  bool fast_;
 };
 
-class AfterDelay {
- public:
-  explicit AfterDelay(double seconds) : seconds_(seconds) {}
+struct AfterDelay {
+  double seconds;
   bool await_ready() const { return false; }
   template <typename Promise>
   void await_suspend(std::coroutine_handle<Promise> waiting) const {
-    auto resumption = std::make_shared<Resumption>(waiting);
-    Platform::current().mainQueue().postDelayed(
-        seconds_, [resumption = std::move(resumption)] { resumption->resume(); });
+    resumeAfter(seconds, std::make_shared<Resumption>(waiting));
   }
   void await_resume() const {}
-
- private:
-  double seconds_;
 };
 
 template <typename T>
@@ -212,11 +202,11 @@ inline detail::OnMain onMain() {
 }
 // The rest runs on the background executor.
 inline detail::OnBackground onBackground(bool fast = false) {
-  return detail::OnBackground(fast);
+  return {fast};
 }
 // The rest runs on the interface thread once that many seconds have passed.
 inline detail::AfterDelay afterDelay(double seconds) {
-  return detail::AfterDelay(seconds);
+  return {seconds};
 }
 // co_await callback<T>(begin) calls begin with a function, and goes on with the value that it
 // is given, on the thread that gives it.

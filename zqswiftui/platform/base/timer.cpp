@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 #include <zqswiftui/platform/base/timer.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <utility>
 #include <zqswiftui/platform/base/url_loader.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {
 

@@ -4,6 +4,8 @@
 #include <functional>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/platform/services/require.hpp>
 #include <zqswiftui/platform/toolkit/tree/root_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>

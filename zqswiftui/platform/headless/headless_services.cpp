@@ -5,6 +5,7 @@
 #include <iterator>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/headless/headless_services.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {
 

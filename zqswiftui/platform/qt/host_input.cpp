@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QUrl>
 #include <QWheelEvent>
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>

@@ -6,6 +6,7 @@
 #include <QImageReader>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
 #include <array>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/pasteboard.hpp>

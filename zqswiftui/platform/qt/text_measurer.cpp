@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <zqswiftui/platform/qt/font_cache.hpp>

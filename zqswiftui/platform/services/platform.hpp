@@ -4,7 +4,6 @@
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/services/background.hpp>
 #include <zqswiftui/platform/services/bundle.hpp>
-#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/downloads.hpp>
 #include <zqswiftui/platform/services/drag_data.hpp>
 #include <zqswiftui/platform/services/file_dialogs.hpp>
@@ -18,6 +17,8 @@
 #include <zqswiftui/platform/services/workspace.hpp>
 
 namespace zq {
+
+class Clock;  // in clock.hpp, whose dates are dear to read
 
 // One of each service. A program has one platform at a time, from its constructor to its
 // destructor; it outlives every view and all background work.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <variant>
 #include <vector>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
@@ -106,5 +107,8 @@ struct LinearGradient {
                            UnitPoint end = UnitPoint::bottom());
   bool operator==(const LinearGradient&) const = default;
 };
+
+// What a shape is filled or drawn with.
+using Paint = std::variant<Color, LinearGradient>;
 
 }  // namespace zq

@@ -8,6 +8,7 @@
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/services/text_measurer.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
+#include <zqswiftui/platform/toolkit/font.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 #include <zqswiftui/platform/toolkit/path.hpp>
 #include <zqswiftui/platform/toolkit/symbols/symbols.hpp>
@@ -17,8 +18,6 @@ namespace zq {
 // The display list: what a node draws, as small structs in points of that node. Colours stay
 // names until they are played, so that light and dark need no new recording.
 
-enum class TextAlignment : unsigned char { leading, center, trailing };
-
 // A text with its font, shared by all that draw it. `playerCache` belongs to the canvas that
 // plays it: the shaped form is kept there between frames.
 struct TextContent {
@@ -26,8 +25,6 @@ struct TextContent {
   FontSpec font;
   mutable std::shared_ptr<void> playerCache;
 };
-
-using Paint = std::variant<Color, LinearGradient>;
 
 struct FillRect {
   Rect rect;

@@ -7,7 +7,6 @@
 #include <vector>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
-#include <zqswiftui/platform/toolkit/display_list.hpp>
 #include <zqswiftui/platform/toolkit/font.hpp>
 
 namespace zq {

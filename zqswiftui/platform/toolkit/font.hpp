@@ -7,6 +7,9 @@
 
 namespace zq {
 
+// Where the lines of a text stand in its width.
+enum class TextAlignment : unsigned char { leading, center, trailing };
+
 // A font by style (its size comes from the platform) or by family and size in points. A size
 // that is not finite or not positive counts as that of the body style. A plain value.
 class Font {

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <unordered_map>
 #include <zqswiftui/platform/toolkit/for_each.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>

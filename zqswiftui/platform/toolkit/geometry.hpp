@@ -1,8 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -47,10 +45,18 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
+// Here and not of the standard library, whose header takes longer to read than this one.
+constexpr double larger(double a, double b) {
+  return a < b ? b : a;
+}
+constexpr double smaller(double a, double b) {
+  return b < a ? b : a;
+}
+
 // The common part; empty (all zero) where there is none.
 inline Rect intersection(const Rect& a, const Rect& b) {
-  const double x = std::max(a.x, b.x), y = std::max(a.y, b.y);
-  const double right = std::min(a.maxX(), b.maxX()), bottom = std::min(a.maxY(), b.maxY());
+  const double x = larger(a.x, b.x), y = larger(a.y, b.y);
+  const double right = smaller(a.maxX(), b.maxX()), bottom = smaller(a.maxY(), b.maxY());
   if (!(right > x && bottom > y)) return {};
   return {x, y, right - x, bottom - y};
 }
@@ -59,8 +65,8 @@ inline Rect intersection(const Rect& a, const Rect& b) {
 inline Rect unite(const Rect& a, const Rect& b) {
   if (a.empty()) return b;
   if (b.empty()) return a;
-  const double x = std::min(a.x, b.x), y = std::min(a.y, b.y);
-  return {x, y, std::max(a.maxX(), b.maxX()) - x, std::max(a.maxY(), b.maxY()) - y};
+  const double x = smaller(a.x, b.x), y = smaller(a.y, b.y);
+  return {x, y, larger(a.maxX(), b.maxX()) - x, larger(a.maxY(), b.maxY()) - y};
 }
 
 struct EdgeInsets {

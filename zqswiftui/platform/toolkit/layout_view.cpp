@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <typeinfo>
 #include <zqswiftui/platform/services/require.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <cmath>
 #include <cstddef>
 #include <zqswiftui/platform/toolkit/region.hpp>
 

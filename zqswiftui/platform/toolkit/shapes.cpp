@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
 

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <cmath>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/items.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>

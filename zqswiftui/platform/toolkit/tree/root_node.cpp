@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <zqswiftui/platform/toolkit/tree/root_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
 

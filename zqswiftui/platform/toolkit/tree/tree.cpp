@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <utility>
+#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/platform/services/require.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>

@@ -4,7 +4,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
-#include <cstring>
+#include <utility>
 #include <zqswiftui/platform/qt/image_codec.hpp>
 
 namespace zq::qt {
@@ -51,15 +51,12 @@ bool isCutBmp(std::span<const std::uint8_t> file) {
   return (part(0) | part(1) | part(2) | part(3)) > file.size();
 }
 
-Pixels toPixels(const QImage& image) {
-  const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-  Pixels pixels{rgba.width(), rgba.height(), {}};
-  const std::size_t row = std::size_t{4} * static_cast<std::size_t>(rgba.width());
-  pixels.rgba.resize(row * static_cast<std::size_t>(rgba.height()));
-  for (int y = 0; y < rgba.height(); ++y) {
-    std::memcpy(pixels.rgba.data() + row * static_cast<std::size_t>(y), rgba.constScanLine(y), row);
-  }
-  return pixels;
+// In place where it can be, and copied once: each page that is touched anew costs as much as its
+// pixels. Rows of four bytes a pixel have no gaps between them.
+Pixels toPixels(QImage image) {
+  const QImage rgba = std::move(image).convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+  return {rgba.width(), rgba.height(),
+          Bytes(rgba.constBits(), rgba.constBits() + rgba.sizeInBytes())};
 }
 
 }  // namespace
@@ -91,7 +88,7 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   if (const QSize wanted = fitted(image.size(), limits.maxSide); wanted != image.size()) {
     image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
-  return toPixels(image);
+  return toPixels(std::move(image));
 }
 
 std::int64_t ImageCodec::declaredPixels(std::span<const std::uint8_t> bytes) const {

@@ -1,5 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QTransform>
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 #include <zqswiftui/platform/qt/lru_images.hpp>
@@ -24,11 +26,38 @@ struct KeyHash {
   }
 };
 
+// Of each of the four bytes by itself: two sums of sixteen bits are added up at a time.
+quint32 mean(quint32 a, quint32 b, quint32 c, quint32 d) {
+  constexpr quint32 kEven = 0x00ff00ff, kHalves = 0x00020002;
+  const quint32 even = (a & kEven) + (b & kEven) + (c & kEven) + (d & kEven) + kHalves;
+  const quint32 odd = (a >> 8 & kEven) + (b >> 8 & kEven) + (c >> 8 & kEven) + (d >> 8 & kEven);
+  return (even >> 2 & kEven) | ((odd + kHalves) << 6 & ~kEven);
+}
+
+// The last column or row of an odd size is left out.
+QImage halved(const QImage& image) {
+  QImage half(image.width() / 2, image.height() / 2, image.format());
+  for (int y = 0; y < half.height(); ++y) {
+    const auto* upper = reinterpret_cast<const quint32*>(image.constScanLine(2 * y));
+    const auto* lower = reinterpret_cast<const quint32*>(image.constScanLine(2 * y + 1));
+    auto* out = reinterpret_cast<quint32*>(half.scanLine(y));
+    for (int x = 0; x < half.width(); ++x) {
+      out[x] = mean(upper[2 * x], upper[2 * x + 1], lower[2 * x], lower[2 * x + 1]);
+    }
+  }
+  return half;
+}
+
 QImage reduced(const ZQImage& picture, QSize pixels) {
   static LruImages<Key, KeyHash> cache(kCapacity);
   return cache.get({picture.identity(), pixels}, [&] {
-    return toQImage(picture)
-        .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+    QImage image = toQImage(picture);
+    // The interface thread does this, and Qt's scaling costs several times as much for each pixel.
+    const QSize enough = 4 * pixels.expandedTo({1, 1});
+    while (image.width() >= enough.width() && image.height() >= enough.height()) {
+      image = halved(image);
+    }
+    return image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
   });
 }

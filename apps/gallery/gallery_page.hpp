@@ -20,6 +20,9 @@
   PAGE(flow_layout)            \
   PAGE(tags_view)              \
   PAGE(tokens_view)            \
+  PAGE(ruler_view)             \
+  PAGE(mini_timeline)          \
+  PAGE(timecode_view)          \
   PAGE(deferred_bindings)      \
   PAGE(settings)               \
   PAGE(picture_wall)           \

@@ -40,7 +40,8 @@ struct Loading {
 std::vector<ZQTimeRange> manySegments() {
   std::vector<ZQTimeRange> all;
   for (int i = 0; i < 1000; ++i) {
-    const double start = 2.4 * (i / 40) + 0.04 * (i % 40);
+    const int piece = i / 40;
+    const double start = 2.4 * piece + 0.04 * (i % 40);
     all.push_back({start, start + 0.04});
   }
   return all;

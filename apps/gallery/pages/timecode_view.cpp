@@ -5,6 +5,7 @@
 #include <zqswiftui/layout/zq_mini_timeline.hpp>
 #include <zqswiftui/layout/zq_timecode_view.hpp>
 #include <zqswiftui/platform/base/timer.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq::gallery {

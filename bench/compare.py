@@ -20,7 +20,8 @@ JOBS = [('items', 100), ('items', 1000), ('items', 10000)] + 3 * [('first-frame'
 PICTURE_JOBS = [('pictures', 500), ('photographs', 100), ('pictures', 100), ('photographs', 20)]
 PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
 # With the programs that can: a Repeater of all ticks of a day has no end.
-MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000)]
+MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000),
+              ('canvas-rects', 500, 'ours')]
 MEDIA_PROGRAMS = ('ours', 'qt-quick')
 
 # What one more adds to what the process holds: the item, the runs with few and with many.
@@ -56,6 +57,7 @@ BARS = [
     ('pan by the range', 'M1-range', 100, 'qt-quick', 'M1-range', 1 / 5),
     ('a segment changed', 'M2', 1000, 'ms', 2, 1),
     ('all segments moved', 'M2-zoom', 1000, 'ms', 2, 1),
+    ('a rectangle dragged', 'M3', 500, 'ms', 2, 1),
 ]
 
 

@@ -1,4 +1,4 @@
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2154
 # What the scripts with a real window share: a folder and a display of their own, a probe that is
 # told what to do on its standard input, and waiting. Sourced, not run; `bin` is set.
 

@@ -4,7 +4,8 @@
 namespace bench {
 
 bool media(const Arguments& arguments) {
-  static const MediaJob jobs[] = {{"ruler", ruler}, {"timeline", timeline}};
+  static const MediaJob jobs[] = {
+      {"ruler", ruler}, {"timeline", timeline}, {"canvas-rects", canvasRects}};
   return runMedia(arguments, jobs);
 }
 

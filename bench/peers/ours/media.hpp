@@ -10,6 +10,7 @@ namespace bench {
 // The jobs, a file each.
 void ruler(const Arguments& arguments);
 void timeline(const Arguments& arguments);
+void canvasRects(const Arguments& arguments);
 
 // What is shown of the media; an assignment shows something else of it.
 template <class T>

@@ -23,6 +23,7 @@
   PAGE(ruler_view)             \
   PAGE(mini_timeline)          \
   PAGE(timecode_view)          \
+  PAGE(canvas_rects)           \
   PAGE(deferred_bindings)      \
   PAGE(settings)               \
   PAGE(picture_wall)           \

@@ -1,14 +1,16 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // A window that follows the pasteboard's picture, for the tests on a virtual display. It says
-// what it shows, and how long its interface thread was ever kept from its work.
+// what it shows and since when, and how long its interface thread was ever kept from its work.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <iostream>
 #include <sstream>
+#include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/zq_pasteboard.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
@@ -24,22 +26,39 @@ void say(const std::string& line) {
   std::cout << line << std::endl;  // the script waits for each line
 }
 
-// Measures by a timer how late the interface thread is.
+// The same for all processes of the machine.
+std::string milliseconds() {
+  using namespace std::chrono;
+  return std::to_string(
+      duration_cast<std::chrono::milliseconds>(system_clock::now().time_since_epoch()).count());
+}
+
+// Measures by a timer how late the interface thread is, and does something at each beat.
 class Heart : public QObject {
  public:
-  Heart() {
+  explicit Heart(std::function<void()> atEach) : atEach_(std::move(atEach)) {
     since_.start();
     timer_.setTimerType(Qt::PreciseTimer);
-    timer_.callOnTimeout(this, [this] { longest_ = std::max(longest_, since_.restart()); });
+    timer_.callOnTimeout(this, [this] {
+      longest_ = std::max(longest_, since_.restart());
+      atEach_();
+    });
     timer_.start(kBeat);
   }
   qint64 takeLongest() { return std::exchange(longest_, 0); }
 
  private:
+  std::function<void()> atEach_;
   QTimer timer_;
   QElapsedTimer since_;
   qint64 longest_ = 0;
 };
+
+void press(qt::HostWidget& window) {
+  for (const AccessibilityNode& node : window.host().accessibilityTree().children) {
+    window.host().accessibilityPress(node.id);
+  }
+}
 
 std::string sizeText(const std::optional<ZQImage>& image) {
   if (!image) return "nothing";
@@ -53,10 +72,11 @@ void act(const std::string& line, qt::HostWidget& window, Heart& heart) {
   words >> verb;
   if (verb == "hide") window.hide();
   if (verb == "show") window.show();
-  if (verb == "press") {
-    for (const AccessibilityNode& node : window.host().accessibilityTree().children) {
-      window.host().accessibilityPress(node.id);
-    }
+  if (verb == "press") press(window);
+  if (verb == "copy" && words >> path) {
+    const Result<Bytes> file = readFile(path);
+    say("copied at " + milliseconds());
+    if (file.ok()) Platform::current().pasteboard().setImage(file.value());
   }
   if (verb == "text") {
     ZQPasteboard::getString([](const auto& text) { say("text " + text.value_or("none")); });
@@ -82,11 +102,24 @@ void act(const std::string& line, qt::HostWidget& window, Heart& heart) {
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   const qt::Platform platform(app);
-  const auto tapped = [](const ZQImage& image) { say("holds " + sizeText(image)); };
+  bool asking = false;
+  std::string shown;
+  // Asked at each beat, it says a picture when it is a new one.
+  const auto tapped = [&](const ZQImage& image) {
+    const std::string size = sizeText(image);
+    if (asking && size == shown) return;
+    if (size != shown) say("shows " + size + " at " + milliseconds());
+    shown = size;
+    if (!asking) say("holds " + size);
+  };
   qt::HostWidget window(ZQPasteboardImage({.maxSize = Size{64, 64}, .tappedCallback = tapped}));
   window.resize(100, 100);
   window.show();
-  Heart heart;
+  Heart heart([&] {
+    asking = true;
+    press(window);
+    asking = false;
+  });
   QSocketNotifier input(0, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, &app, [&] {
     std::string line;

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 #include <tests/images/picture_sources.hpp>
+#include <thread>
+#include <utility>
 #include <vector>
 #include <zqswiftui/images/zq_cached_image.hpp>
 #include <zqswiftui/images/zq_local_url_image.hpp>
@@ -93,6 +95,38 @@ class PictureThreads : public PictureSources {
   std::unique_ptr<ZQShareApp> record;
 };
 
+// Eight threads that look at models, and follow them for a while, as long as they live.
+class Watchers {
+ public:
+  explicit Watchers(std::vector<std::shared_ptr<ZQCachedImageVM>> models)
+      : models_(std::move(models)) {
+    for (std::size_t i = 0; i < 8; ++i) threads_.emplace_back([this, i] { watch(i); });
+  }
+  ~Watchers() {
+    end_ = true;
+    for (std::thread& thread : threads_) thread.join();
+  }
+  Watchers(const Watchers&) = delete;
+  Watchers& operator=(const Watchers&) = delete;
+
+ private:
+  void watch(std::size_t i) {
+    while (!end_) {
+      ZQCachedImageVM& model = *models_[i++ % models_.size()];
+      const Subscription told = model.willChange.connect([this] { ++changes_; });
+      const auto status = model.status.get();
+      EXPECT_TRUE(status != ZQCachedImageVM::Status::ready || model.image_.get());
+      EXPECT_TRUE(status != ZQCachedImageVM::Status::failed || !model.image_.get());
+      std::this_thread::yield();
+    }
+  }
+
+  const std::vector<std::shared_ptr<ZQCachedImageVM>> models_;
+  std::atomic<bool> end_{false};
+  std::atomic<int> changes_{0};
+  std::vector<std::thread> threads_;
+};
+
 TEST_F(PictureThreads, thousandsAreLoadedInvalidatedAndClosedMeanwhile) {
   std::atomic<int> told{0};
   std::vector<Subscription> observers;
@@ -109,6 +143,9 @@ TEST_F(PictureThreads, thousandsAreLoadedInvalidatedAndClosedMeanwhile) {
         }
       }));
     }
+    std::vector<std::shared_ptr<ZQCachedImageVM>> watched;
+    for (int i = from; i < end; i += 5) watched.push_back(ZQCachedImageVM::lookup(url(i)));
+    const Watchers watchers(std::move(watched));
     invalidateSome(from, end);
     showAndClose(views);
     invalidateSome(from, end);

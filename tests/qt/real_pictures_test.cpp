@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <filesystem>
 #include <memory>
@@ -18,8 +20,10 @@
 #include <zqswiftui/images/zq_local_url_image.hpp>
 #include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/platform/base/files.hpp>
+#include <zqswiftui/platform/base/thread_pool.hpp>
 #include <zqswiftui/platform/base/zq_id.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 
 namespace zq::qt {
@@ -319,6 +323,92 @@ TEST_F(PicturesOfAServer, areShownFromTheDiskByTheNextRunUntilTheyComeAnew) {
   const auto later = ZQURLImage::lookup(url, DecodeSize{.points = 200});
   EXPECT_EQ(run(later).back(), Status::failed);
   ASSERT_TRUE(later->image_.get());
+}
+
+// What the next case begins as a process of its own: it tells the statuses, each with the width of
+// the picture that there is, and ends when what is kept is written.
+TEST_F(PicturesOfAServer, areLoadedByAnotherProcess) {
+  const QByteArray url = qgetenv("ZQ_TEST_PICTURE");
+  if (url.isEmpty()) GTEST_SKIP() << "begun by another case";
+  const auto model = ZQURLImage::lookup(url.toStdString());
+  std::string told = "statuses:";
+  const auto note = [&] {
+    const auto image = model->image_.get();
+    const std::string now = std::string(1, "scdrf"[static_cast<int>(model->status.get())]) +
+                            (image ? std::to_string(image->width()) : "");
+    if (!told.ends_with(" " + now)) told += " " + now;
+  };
+  const Subscription changes = model->didChange.connect(note);
+  run(model);
+  dynamic_cast<ThreadPool&>(zq::Platform::current().background()).waitUntilIdle();
+  std::puts(told.c_str());
+}
+
+class PicturesOfRuns : public PicturesOfAServer {
+ protected:
+  // The statuses that another process tells, under a limit of the shell.
+  std::string load(const std::string& url, const char* limit = "") {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("HOME", home_.path());
+    environment.insert("ZQ_TEST_PICTURE", QString::fromStdString(url));
+    process.setProcessEnvironment(environment);
+    process.start("bash",
+                  {"-c", QString(limit) + "exec \"$0\" --gtest_filter=*areLoadedByAnotherProcess",
+                   QCoreApplication::applicationFilePath()});
+    EXPECT_TRUE(waitFor([&] { return process.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    for (const QByteArray& line : process.readAllStandardOutput().split('\n')) {
+      if (line.startsWith("statuses: ")) return line.mid(10).toStdString();
+    }
+    return "nothing";
+  }
+  // All files below the folder that pictures are kept in.
+  QStringList kept() const {
+    QStringList files;
+    QDirIterator all(home_.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+      if (const QString file = all.next(); file.contains("/ZQURLImage/")) files.append(file);
+    }
+    return files;
+  }
+  QByteArray keptBytes() const {
+    QFile file(kept().value(0));
+    return kept().size() == 1 && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  QTemporaryDir home_;
+};
+
+TEST_F(PicturesOfRuns, areKeptFromOneToTheNextAsFarAsTheDiskLets) {
+  const QByteArray first = encoded(toQImage(noise(30, 20)), "PNG");
+  const QByteArray second = encoded(toQImage(noise(60, 20)), "PNG");
+  ASSERT_GT(first.size(), 1024) << "more than the limit below";
+  const std::string url = server_.url("/p.png");
+  server_.set("/p.png", LocalServer::ok(first));
+  EXPECT_EQ(load(url), "d30 r30");
+  EXPECT_EQ(keptBytes(), first);
+  server_.set("/p.png", LocalServer::ok(second));
+  EXPECT_EQ(load(url), "d30 c30 c60 r60");
+  EXPECT_EQ(keptBytes(), second);
+
+  QFile file(kept().value(0));
+  ASSERT_TRUE(file.resize(second.size() / 2));
+  EXPECT_EQ(load(url), "d60 r60") << "a damaged file is none";
+  EXPECT_EQ(keptBytes(), second) << "and replaced";
+  server_.set("/p.png", "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+  EXPECT_EQ(load(url), "d60 c60 f60");
+  EXPECT_EQ(keptBytes(), second);
+
+  server_.set("/p.png", LocalServer::ok(first));
+  EXPECT_EQ(load(url, "ulimit -f 1; trap '' XFSZ; "), "d60 c60 c30 r30") << "a disk that is full";
+  EXPECT_EQ(keptBytes(), second) << "whole as it was, and nothing beside it";
+  EXPECT_EQ(server_.connections, 5) << "each asked once";
+
+  ASSERT_TRUE(QDir(home_.filePath(".qttest")).removeRecursively());
+  QFile inTheWay(home_.filePath(".qttest"));
+  ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+  EXPECT_EQ(load(url), "d30 r30") << "no folder can be made";
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ TEST_F(SwiftSource, aBlockIsThisTextCharacterByCharacter) {
 }
 
 TEST_F(SwiftSource, onlyWhatIsNotFlaggedIsInIt) {
-  EXPECT_EQ(ZQUICProject().zqcCode(), std::string(header) + "}");
+  EXPECT_EQ(ZQUICProject().zqcCode(), std::string(header).append("}"));
   const ZQUICItem kept{.key = "kept"};
   const ZQUICItem gone{.key = "gone", .shouldBeDeleted = true};
   const ZQUICGroup live{.name = "live", .itemList = {gone, kept, gone, kept}};

@@ -27,6 +27,7 @@
   PAGE(deferred_bindings)      \
   PAGE(settings)               \
   PAGE(picture_wall)           \
+  PAGE(remote_pictures)        \
   PAGE(deferred_images)        \
   PAGE(frame_animation)        \
   PAGE(pasteboard_image)       \

@@ -149,6 +149,7 @@ View GalleryWindow::body(Context& context) const {
       .background(Color::background())
       .environment<WordsKey>(given.words)
       .environment<PicturesKey>(given.pictures)
+      .environment<PictureServerKey>(given.server)
       .environment<ColorSchemeKey>(isDark ? ColorScheme::dark : ColorScheme::light)
       .environment<LayoutDirectionKey>(isMirrored ? LayoutDirection::rightToLeft
                                                   : LayoutDirection::leftToRight);
@@ -163,7 +164,8 @@ View PageSheet::body(Context&) const {
                          codePart(shown)})})
       .background(Color::background())
       .environment<WordsKey>(given.words)
-      .environment<PicturesKey>(given.pictures);
+      .environment<PicturesKey>(given.pictures)
+      .environment<PictureServerKey>(given.server);
 }
 
 }  // namespace zq::gallery

@@ -2,15 +2,17 @@
 #pragma once
 
 #include <apps/gallery/gallery_page.hpp>
+#include <apps/gallery/picture_server.hpp>
 #include <apps/gallery/pictures.hpp>
 #include <apps/gallery/words.hpp>
 
 namespace zq::gallery {
 
-// What the user gave the pages to show; null: what they have themselves.
+// What the user gave the pages to show, and whom they ask; null: what they have themselves.
 struct Given {
   std::shared_ptr<const Words> words;
   std::shared_ptr<const Pictures> pictures;
+  std::shared_ptr<const PictureServer> server;
 };
 
 // The whole gallery: the list of pages, the live page and its code.

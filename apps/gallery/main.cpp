@@ -76,7 +76,6 @@ int run(int argc, char** argv, const Options& options) {
   if (!page.ok()) return fail(page.error().sentence, kWrongUse);
   const zq::Result<Given> read = readGiven(options);
   if (!read.ok()) return fail(read.error().sentence, 1);
-  const Given& given = read.value();
   // Pictures need no display, and look the same with any.
   if (options.snapshot && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -87,6 +86,8 @@ int run(int argc, char** argv, const Options& options) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("zq-gallery");
   const zq::qt::Platform platform(app);
+  Given given = read.value();
+  given.server = std::make_shared<const PictureServer>();
   if (!options.snapshot) return showWindow(page.value(), given);
   const std::optional<std::size_t> only = options.page ? std::optional(page.value()) : std::nullopt;
   const zq::Result<void> painted = paintPages(*options.snapshot, only, given);

@@ -6,6 +6,12 @@
 // The host's platform is included beside it. Inside the library include what you use.
 
 #include <zqswiftui/bindings/zq_deferred_binding.hpp>
+#include <zqswiftui/bindings/zq_notificable_image.hpp>
+#include <zqswiftui/bindings/zq_notificable_image_view.hpp>
+#include <zqswiftui/bindings/zq_notificable_percentage_view.hpp>
+#include <zqswiftui/bindings/zq_notificable_text.hpp>
+#include <zqswiftui/bindings/zq_notificable_text_view.hpp>
+#include <zqswiftui/bindings/zq_notificable_value.hpp>
 #include <zqswiftui/controls/icon_buttons.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/controls/zq_button.hpp>
@@ -15,6 +21,7 @@
 #include <zqswiftui/controls/zq_labeled_spinner.hpp>
 #include <zqswiftui/controls/zq_large_square_button.hpp>
 #include <zqswiftui/controls/zq_plus_minus_buttons.hpp>
+#include <zqswiftui/controls/zq_progress_bar_view.hpp>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
 #include <zqswiftui/images/picture_limits.hpp>

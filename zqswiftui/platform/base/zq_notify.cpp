@@ -3,6 +3,7 @@
 #include <mutex>
 #include <unordered_map>
 #include <utility>
+#include <zqswiftui/platform/base/last_texts.hpp>
 #include <zqswiftui/platform/base/zq_notify.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
@@ -54,6 +55,7 @@ class Exchange {
 
 void ZQNotify::notify(const std::string& keyword, const std::optional<std::string>& text,
                       Sender sender) {
+  if (text) LastTexts::remember(keyword, *text);
   Exchange<std::string>::shared().post(keyword, sender, text);
 }
 

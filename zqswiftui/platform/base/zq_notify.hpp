@@ -12,7 +12,8 @@ namespace zq {
 
 // Named notifications that carry a text, an image or a number, or none of it. Inside the
 // process they arrive before notify returns, on its thread; each kind goes to its own
-// observers. A sender is any address; an observer of one hears only it. Any thread.
+// observers. A sender is any address; an observer of one hears only it. The last text of each
+// keyword is remembered (LastTexts) before anyone hears it. Any thread.
 //   Subscription token = ZQNotify::observeString(nullptr, "status", [](const auto& text) {...});
 //   ZQNotify::notify("status", "ready");
 struct ZQNotify {

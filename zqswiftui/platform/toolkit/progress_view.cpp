@@ -5,14 +5,29 @@
 #include <utility>
 #include <zqswiftui/platform/toolkit/progress_view.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
+#include <zqswiftui/platform/toolkit/tree/moving.hpp>
 
 namespace zq {
 namespace {
 
-constexpr double kBarHeight = 4;
 constexpr double kBarWidth = 120;
 constexpr int kMostElements = 64;
 constexpr double kTurn = 0.8;  // seconds
+
+// What is done of a bar that is not as far as it is high: where the circles of its two round ends
+// meet, so that it begins as a sliver and no smaller fraction looks like a larger one.
+std::shared_ptr<const Path> sliver(double x, double width, double height) {
+  const double radius = height / 2;
+  const double angle = std::acos(1 - width / height);
+  Path path;
+  path.addArc({x + width - radius, radius}, radius, -angle, angle);
+  path.addArc({x + radius, radius}, radius, std::numbers::pi - angle, std::numbers::pi + angle);
+  return std::make_shared<const Path>(std::move(path.close()));
+}
+
+std::string percents(double fraction) {
+  return std::to_string(std::lround(fraction * 100)) + " %";
+}
 
 }  // namespace
 
@@ -32,15 +47,19 @@ class ProgressNode final : public LeafNode {
     setView(next);
     if (was == progress()) return;
     if (was.fraction_.has_value() != progress().fraction_.has_value() ||
-        was.side_ != progress().side_) {
+        was.side_ != progress().side_ || was.barHeight_ != progress().barHeight_) {
       invalidateMeasure();
     }
     step_ %= progress().elements_;
     spin();
+    move(was.fraction_);
     invalidatePicture();
-    tree().contentChanged();
+    if (!was.fraction_ || !progress().fraction_ ||
+        percents(*was.fraction_) != percents(*progress().fraction_)) {
+      tree().contentChanged();
+    }
   }
-  bool hasMemory() const override { return !progress().fraction_; }
+  bool hasMemory() const override { return !progress().fraction_ || fraction_.underWay(); }
   std::string debugName() const override { return "Progress"; }
   void describe(std::vector<AccessibilityNode>& out) override {
     AccessibilityNode node;
@@ -48,7 +67,7 @@ class ProgressNode final : public LeafNode {
     node.role = Role::progress;
     node.bounds = toWindow(localBounds());
     if (progress().fraction_) {
-      node.value = std::to_string(std::lround(*progress().fraction_ * 100)) + " %";
+      node.value = percents(*progress().fraction_);
     } else {
       node.value = "busy";
     }
@@ -59,7 +78,7 @@ class ProgressNode final : public LeafNode {
   Size computeSize(const ProposedSize& proposal) override {
     if (!progress().fraction_) return {progress().side_, progress().side_};
     const bool finite = proposal.width && std::isfinite(*proposal.width);
-    return {finite ? *proposal.width : kBarWidth, kBarHeight};
+    return {finite ? *proposal.width : kBarWidth, progress().barHeight_};
   }
   void record(Piece& piece) override;
   void environmentChanged(const Environment& old) override {
@@ -71,12 +90,23 @@ class ProgressNode final : public LeafNode {
   const ProgressView& progress() const { return static_cast<const Value&>(*view().value()).value; }
   bool turns() const { return seen_ && !progress().fraction_ && !environment().reducedMotion; }
   void spin();
+  void move(const std::optional<double>& from);
   void recordBar(Piece& piece, const Rect& all) const;
   void recordSpinner(Piece& piece, const Rect& all) const;
   bool seen_ = false;
   bool spinning_ = false;  // it has a tick on the window's frames
   int step_ = 0;
+  Moving<double> fraction_;
 };
+
+void ProgressNode::move(const std::optional<double>& from) {
+  const std::optional<double>& to = progress().fraction_;
+  if (!from || !to || *from == *to) return;
+  std::optional<Animation> animation = tree().animation();
+  if (!animation && !environment().reducedMotion) animation = progress().animation_;
+  fraction_.change(
+      *this, *from, *to, [this] { invalidatePicture(); }, animation);
+}
 
 void ProgressNode::spin() {
   if (!turns() || std::exchange(spinning_, true)) return;
@@ -99,12 +129,14 @@ void ProgressNode::record(Piece& piece) {
 }
 
 void ProgressNode::recordBar(Piece& piece, const Rect& all) const {
-  piece.emplace_back(FillRoundedRect{all, all.height / 2, false, Color::primary().opacity(0.15)});
-  const double width = all.width * *progress().fraction_;
-  const double x = rightToLeft() ? all.width - width : 0;
-  if (width > 0) {
-    piece.emplace_back(
-        FillRoundedRect{{x, 0, width, all.height}, all.height / 2, false, Color::accent()});
+  piece.emplace_back(FillRoundedRect{all, all.height / 2, false, progress().rest_});
+  const double width = all.width * fraction_.shown(*progress().fraction_);
+  const Rect done{rightToLeft() ? all.width - width : 0, 0, width, all.height};
+  if (!(width > 0)) return;
+  if (width < all.height && all.height <= all.width) {
+    piece.emplace_back(FillPath{sliver(done.x, width, all.height), done, progress().done_});
+  } else {
+    piece.emplace_back(FillRoundedRect{done, all.height / 2, false, progress().done_});
   }
 }
 
@@ -137,6 +169,16 @@ ProgressView ProgressView::spinner(int elements, double side) {
   spinner.elements_ = std::clamp(elements, 1, kMostElements);
   spinner.side_ = sanitized(side);
   return spinner;
+}
+
+ProgressView ProgressView::barColors(Color done, Color rest) const {
+  return with(with(*this, &ProgressView::done_, done), &ProgressView::rest_, rest);
+}
+ProgressView ProgressView::barHeight(double height) const {
+  return with(*this, &ProgressView::barHeight_, sanitized(height));
+}
+ProgressView ProgressView::animated(const Animation& animation) const {
+  return with(*this, &ProgressView::animation_, std::optional(animation));
 }
 
 ProgressView::operator View() const {

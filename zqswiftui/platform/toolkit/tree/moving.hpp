@@ -3,6 +3,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
 
 namespace zq {
@@ -18,11 +20,16 @@ class Moving {
   // The value changes from one to the other: sets out where the change is animated, ends what is
   // under way where it is not. `step` is called whenever another place is shown from then on.
   void change(Node& node, const T& from, const T& to, std::function<void()> step) {
+    change(node, from, to, std::move(step), node.tree().animation());
+  }
+  // The same for a node that has an animation of its own.
+  void change(Node& node, const T& from, const T& to, std::function<void()> step,
+              const std::optional<Animation>& animation) {
+    if (!way_ && !animation) return;
     Tree& tree = node.tree();
-    if (!way_ && !tree.animation()) return;
     const double now = tree.now();
-    const Motion<T> motion = tree.animation() ? Motion<T>{shown(from), to, now, *tree.animation()}
-                                              : Motion<T>::at(to, now);
+    const Motion<T> motion =
+        animation ? Motion<T>{shown(from), to, now, *animation} : Motion<T>::at(to, now);
     if (way_) return void(*way_ = {motion, motion.shown(now)});
     way_ = std::make_unique<Way>(Way{motion, motion.shown(now)});
     tree.animate(node, [this, step = std::move(step)](double time) {

@@ -1,0 +1,35 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <string>
+#include <zqswiftui/bindings/change_notice.hpp>
+#include <zqswiftui/platform/toolkit/observable.hpp>
+#include <zqswiftui/platform/toolkit/unpublished.hpp>
+
+namespace zq {
+
+// The last text that was posted under a keyword, by whomever: it begins with the last one of the
+// process, also where that came before there was anyone to follow it, or with "". A notification
+// without a text, or with the same, does nothing. Views are told on the interface thread, once for
+// all texts that came since. Any thread; it may be destroyed on any.
+//   const auto status = std::make_shared<ZQNotificableText>("status");
+//   ZQNotify::notify("status", "Exporting…");
+class ZQNotificableText final : public ObservableObject {
+ public:
+  explicit ZQNotificableText(std::string key);
+
+  std::string text() const { return text_.get(); }
+  // For this one, and for those that begin to follow the keyword from now on.
+  void setText(std::string text);
+  const std::string& notificationKey() const { return notificationKey_; }
+
+ private:
+  void changed();
+
+  const std::string notificationKey_;
+  Unpublished<std::string> text_;
+  detail::ChangeNotice notice_{*this};
+  Subscription follows_;
+};
+
+}  // namespace zq

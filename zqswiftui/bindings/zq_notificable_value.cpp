@@ -1,0 +1,16 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <optional>
+#include <utility>
+#include <zqswiftui/bindings/zq_notificable_value.hpp>
+#include <zqswiftui/platform/base/zq_notify.hpp>
+
+namespace zq {
+
+ZQNotificableValue::ZQNotificableValue(std::string key) : notificationKey_(std::move(key)) {
+  follows_ = ZQNotify::observeDouble(nullptr, notificationKey_,
+                                     [this](const std::optional<double>& number) {
+                                       if (number && value_.change(*number)) notice_.post();
+                                     });
+}
+
+}  // namespace zq

@@ -13,7 +13,7 @@ namespace zq::gallery {
 // cache. What it answers is in the path, which may go on as it likes; a picture is drawn by the
 // whole path, so the same path always shows the same one.
 //   /picture  at once                     /moved    by way of another address
-//   /slow     in pieces, over a second    /endless  for ever, and never a picture
+//   /slow     in pieces, over a second    /endless  for half a minute, and no picture
 //   /cut      half of it, then no more    /text     a text that claims to be one
 // Anything else is not found.
 class PictureServer {

@@ -9,7 +9,9 @@
 namespace zq::detail {
 namespace {
 
-constexpr unsigned kDownloads = 8;  // at once: enough to be quick, few enough for one server
+// At once: as many as Qt has connections to one server. More would wait inside of it, where one
+// that is cut off takes those along that wait.
+constexpr unsigned kDownloads = 6;
 
 }  // namespace
 

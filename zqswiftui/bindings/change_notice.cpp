@@ -27,7 +27,7 @@ class ChangeNotice::Ticket {
  private:
   // Open for the next before anything is told: a change that comes now is told again.
   std::shared_ptr<Line> take() {
-    const auto line = std::exchange(line_, {}).lock();
+    auto line = std::exchange(line_, {}).lock();
     if (line) line->waiting = false;
     return line;
   }

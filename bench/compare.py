@@ -21,7 +21,7 @@ PICTURE_JOBS = [('pictures', 500), ('photographs', 100), ('pictures', 100), ('ph
 PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
 # With the programs that can: a Repeater of all ticks of a day has no end.
 MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000),
-              ('canvas-rects', 500, 'ours')]
+              ('canvas-rects', 500, 'ours'), ('notifications', 1000000, 'ours')]
 MEDIA_PROGRAMS = ('ours', 'qt-quick')
 
 # What one more adds to what the process holds: the item, the runs with few and with many.
@@ -58,6 +58,7 @@ BARS = [
     ('a segment changed', 'M2', 1000, 'ms', 2, 1),
     ('all segments moved', 'M2-zoom', 1000, 'ms', 2, 1),
     ('a rectangle dragged', 'M3', 500, 'ms', 2, 1),
+    ('a million posts', 'M4', 1000000, 'ms', 1000, 1),
 ]
 
 

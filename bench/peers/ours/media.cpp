@@ -4,8 +4,10 @@
 namespace bench {
 
 bool media(const Arguments& arguments) {
-  static const MediaJob jobs[] = {
-      {"ruler", ruler}, {"timeline", timeline}, {"canvas-rects", canvasRects}};
+  static const MediaJob jobs[] = {{"ruler", ruler},
+                                  {"timeline", timeline},
+                                  {"canvas-rects", canvasRects},
+                                  {"notifications", notifications}};
   return runMedia(arguments, jobs);
 }
 

@@ -11,6 +11,7 @@ namespace bench {
 void ruler(const Arguments& arguments);
 void timeline(const Arguments& arguments);
 void canvasRects(const Arguments& arguments);
+void notifications(const Arguments& arguments);
 
 // What is shown of the media; an assignment shows something else of it.
 template <class T>

@@ -16,6 +16,7 @@
   PAGE(switching_buttons)      \
   PAGE(help_and_bars)          \
   PAGE(labeled_spinner)        \
+  PAGE(progress_bar_view)      \
   PAGE(capsuled_text)          \
   PAGE(flow_layout)            \
   PAGE(tags_view)              \
@@ -25,6 +26,7 @@
   PAGE(timecode_view)          \
   PAGE(canvas_rects)           \
   PAGE(deferred_bindings)      \
+  PAGE(notifications)          \
   PAGE(settings)               \
   PAGE(picture_wall)           \
   PAGE(remote_pictures)        \

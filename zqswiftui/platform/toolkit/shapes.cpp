@@ -17,10 +17,12 @@ class ShapeNode final : public LeafNode {
 
   void update(const View& next) override {
     const bool same = shape() == static_cast<const Value&>(*next.value()).value;
-    if (!same) damageAll();
+    if (same) return setView(next);
+    damageAll();
+    const Rect before = ownBounds();
     setView(next);
-    if (same) return;
-    invalidateBounds();
+    // Another colour leaves the bounds of all those around as they are.
+    if (ownBounds() != before) invalidateBounds();
     invalidatePicture();
   }
   std::string debugName() const override { return "Shape"; }

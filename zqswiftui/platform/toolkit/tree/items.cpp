@@ -275,7 +275,7 @@ bool ItemArray::hitTest(Point point, HitPath& path) {
     Node* node = nodes_[i].get();
     if (!node) continue;
     // What a child draws outside of its frame can be hit as well.
-    const Point inside = owner_.mapToChild(*node, point);
+    const Point inside = owner_.Node::mapToChild(*node, point);
     if (!node->localBounds().contains(inside) && !node->bounds().contains(inside)) continue;
     if (node->hitTest(inside, path)) return true;
   }

@@ -41,6 +41,12 @@ void onThreads(const Work& work, const Meanwhile& meanwhile) {
   for (std::thread& thread : threads) thread.join();
 }
 
+// A keyword that nothing was posted under yet: the process remembers.
+std::string fresh() {
+  static int count = 0;
+  return "fresh." + std::to_string(++count);
+}
+
 // How often observers were told, and whether that was on this thread.
 struct Told {
   explicit Told(ObservableObject& object)
@@ -73,45 +79,47 @@ class Notificable : public testing::Test {
 };
 
 TEST_F(Notificable, aTextBeginsWithTheLastOneOfItsKeywordAndHearsOnlyThatOne) {
-  ZQNotify::notify("text.early", "posted before anyone looked");
-  Harness early(ZQNotificableTextView("text.early"));
-  EXPECT_TRUE(early.findText("posted before anyone looked"));
-  Harness other(ZQNotificableTextView("text.other"));
-  EXPECT_TRUE(other.texts().empty());
+  const std::string early = fresh(), other = fresh();
+  ZQNotify::notify(early, "posted before anyone looked");
+  Harness first{ZQNotificableTextView(early)};
+  EXPECT_TRUE(first.findText("posted before anyone looked"));
+  Harness second{ZQNotificableTextView(other)};
+  EXPECT_TRUE(second.texts().empty());
 
-  ZQNotify::notify("text.other", "mine");
-  ZQNotify::notify("text.early", std::optional<std::string>());
-  early.settle();
-  other.settle();
-  EXPECT_TRUE(early.findText("posted before anyone looked")) << "none is no text";
-  EXPECT_TRUE(other.findText("mine"));
+  ZQNotify::notify(other, "mine");
+  ZQNotify::notify(early, std::optional<std::string>());
+  first.settle();
+  second.settle();
+  EXPECT_TRUE(first.findText("posted before anyone looked")) << "none is no text";
+  EXPECT_TRUE(second.findText("mine"));
 
-  ZQNotificableText host("text.other");
+  ZQNotificableText host(other);
   EXPECT_EQ(host.text(), "mine");
   host.setText("set by the host");
-  EXPECT_EQ(ZQNotificableText("text.other").text(), "set by the host");
-  other.settle();
-  EXPECT_TRUE(other.findText("mine")) << "nobody posted";
+  EXPECT_EQ(ZQNotificableText(other).text(), "set by the host");
+  second.settle();
+  EXPECT_TRUE(second.findText("mine")) << "nobody posted";
 }
 
 TEST_F(Notificable, equalValuesTellNobody) {
-  ZQNotificableText text("same");
-  ZQNotificableValue value("same");
-  ZQNotificableImage image("same");
+  const std::string same = fresh();
+  ZQNotificableText text(same);
+  ZQNotificableValue value(same);
+  ZQNotificableImage image(same);
   Told texts(text), values(value), images(image);
   const ZQImage one = picture(2, 2, 1), another = picture(2, 2, 1);
   for (int i = 0; i < 3; ++i) {
-    ZQNotify::notify("same", "a");
-    ZQNotify::notify("same", 0.5);
-    ZQNotify::notify("same", std::optional(one));
-    ZQNotify::notify("same", std::optional<ZQImage>());
-    ZQNotify::notify("same", std::optional<double>());
+    ZQNotify::notify(same, "a");
+    ZQNotify::notify(same, 0.5);
+    ZQNotify::notify(same, std::optional(one));
+    ZQNotify::notify(same, std::optional<ZQImage>());
+    ZQNotify::notify(same, std::optional<double>());
   }
   EXPECT_EQ(texts.times, 1);
   EXPECT_EQ(values.times, 1);
   EXPECT_EQ(images.times, 1);
   EXPECT_EQ(image.image(), one);
-  ZQNotify::notify("same", std::optional(another));
+  ZQNotify::notify(same, std::optional(another));
   EXPECT_EQ(images.times, 2) << "another picture of equal pixels";
   text.setText("a");
   EXPECT_EQ(texts.times, 2) << "the host's write is told in any case";
@@ -189,7 +197,7 @@ TEST_F(Notificable, aFloodWaitsAsOneNewsAHolder) {
 }
 
 TEST_F(Notificable, aFloodCostsOneEvaluationAFrameAndTheLastValueShows) {
-  constexpr int kPosts = 10000;
+  constexpr int kPosts = 42000;  // of three kinds each: a million in all
   Harness screen(
       VStack({ZQNotificablePercentageView({.key = "busy"}), ZQNotificableTextView("busy"),
               ZQNotificableImageView("busy").frame(40, 20)}),

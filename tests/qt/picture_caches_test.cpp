@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QPainterPath>
+#include <algorithm>
 #include <string>
 #include <tests/qt/pictures.hpp>
 #include <zqswiftui/platform/qt/lru_images.hpp>

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/gallery/gallery_page.hpp>
 #include <apps/gallery/gallery_style.hpp>
 #include <zqswiftui/images/zq_pasteboard_image.hpp>

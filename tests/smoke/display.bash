@@ -1,30 +1,13 @@
 # shellcheck shell=bash disable=SC2154
-# What the scripts with a real window share: a folder and a display of their own, a probe that is
-# told what to do on its standard input, and waiting. Sourced, not run; `bin` is set.
+# What the scripts with a real window share: a folder and a display of their own, and a probe that
+# is told what to do on its standard input. Sourced, not run; `bin` is set.
 
-home=$(mktemp -d)
-mkdir -m 0700 "$home/runtime"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$home"
-}
-trap cleanup EXIT
-export HOME=$home XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb
-export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+# shellcheck source=tests/smoke/home.bash
+source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 
 Xvfb -displayfd 5 -screen 0 1280x800x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
 pids+=($!)
-until_true() {  # waits for a condition, not for a time
-  for _ in $(seq 400); do
-    if "$@"; then return 0; fi
-    sleep 0.05
-  done
-  echo "never came: $*" >&2
-  cat "$home/out" >&2
-  exit 1
-}
 until_true test -s "$home/display"
 DISPLAY=:$(cat "$home/display")
 export DISPLAY

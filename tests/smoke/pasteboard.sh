@@ -9,34 +9,10 @@ for program in Xvfb xclip; do
 done
 [[ -x $bin/pasteboard_probe ]] || exit 77
 
-home=$(mktemp -d)
-mkdir -m 0700 "$home/runtime"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill -CONT "$pid" 2>/dev/null && kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$home"
-}
-trap cleanup EXIT
-export HOME=$home XDG_RUNTIME_DIR=$home/runtime QT_QPA_PLATFORM=xcb
 export DBUS_SESSION_BUS_ADDRESS=disabled:
+# shellcheck source=tests/smoke/display.bash
+source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
 
-Xvfb -displayfd 5 -screen 0 640x480x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
-pids+=($!)
-until_true() {  # waits for a condition, not for a time
-  for _ in $(seq 400); do
-    if "$@"; then return 0; fi
-    sleep 0.05
-  done
-  echo "never came: $*" >&2
-  cat "$home/out" >&2
-  exit 1
-}
-until_true test -s "$home/display"
-DISPLAY=:$(cat "$home/display")
-export DISPLAY
-
-mkfifo "$home/in"
 : >"$home/out"
 "$bin/pasteboard_probe" <"$home/in" >>"$home/out" 2>"$home/err" &
 pids+=($!)

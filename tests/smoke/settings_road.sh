@@ -8,16 +8,9 @@ if [[ -z ${ZQ_INSIDE_BUS:-} ]]; then
   exec env -u DBUS_SESSION_BUS_ADDRESS ZQ_INSIDE_BUS=1 dbus-run-session -- bash "$0" "$bin"
 fi
 
-home=$(mktemp -d)
-mkdir -m 0700 "$home/runtime"
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$home"
-}
-trap cleanup EXIT
-export HOME=$home XDG_RUNTIME_DIR=$home/runtime XDG_DATA_HOME=$home QT_QPA_PLATFORM=offscreen
+# shellcheck source=tests/smoke/home.bash
+source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+export XDG_DATA_HOME=$home QT_QPA_PLATFORM=offscreen
 
 project='{"groupList":[{"name":"Canvas","itemList":[{"key":"zoom","doubleValue":4}]}]}'
 for name in paint pain painter; do
@@ -26,15 +19,6 @@ for name in paint pain painter; do
   "$bin/settings_peer" follow "$name" >"$home/$name/out" 2>"$home/$name/err" &
   pids+=($!)
 done
-until_true() {  # waits for a condition, not for a time
-  for _ in $(seq 600); do
-    if "$@"; then return 0; fi
-    sleep 0.05
-  done
-  echo "never came: $*" >&2
-  tail "$home"/*/out "$home"/*/err >&2
-  exit 1
-}
 for name in paint pain painter; do until_true grep -q '^following 4$' "$home/$name/out"; done
 
 mkdir "$home/editor"

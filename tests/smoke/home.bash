@@ -1,0 +1,27 @@
+# shellcheck shell=bash
+# What the scripts with several processes share: a folder of their own, which is their home, an end
+# of all that they started (in `pids`), and waiting. Sourced, not run.
+
+home=$(mktemp -d)
+mkdir -m 0700 "$home/runtime"
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do
+    kill -CONT "$pid" 2>/dev/null || continue  # it may stand still
+    kill "$pid" 2>/dev/null || true
+  done
+  wait 2>/dev/null || true
+  rm -rf "$home"
+}
+trap cleanup EXIT
+export HOME=$home XDG_RUNTIME_DIR=$home/runtime
+
+until_true() {  # waits for a condition, not for a time
+  for _ in $(seq 600); do
+    if "$@"; then return 0; fi
+    sleep 0.05
+  done
+  echo "never came: $*" >&2
+  find "$home" -type f \( -name out -o -name err \) -exec tail {} + >&2
+  exit 1
+}

@@ -101,7 +101,7 @@ class PictureServer::Listener : public QTcpServer {
 
   std::string address(const std::string& path) {
     if (!isListening() && !listen(QHostAddress::LocalHost)) return {};
-    const std::string address = "http://127.0.0.1:" + std::to_string(serverPort()) + path;
+    std::string address = "http://127.0.0.1:" + std::to_string(serverPort()) + path;
     addresses_.insert(address);
     return address;
   }

@@ -21,8 +21,8 @@ ZQImage evening() {
     }
   };
   for (int i = 0; i < kWidth * kHeight; ++i) {
-    const double x = i % kWidth / double{kWidth},
-                 y = i / kWidth / double{kHeight};
+    const int row = i / kWidth;
+    const double x = i % kWidth / double{kWidth}, y = row / double{kHeight};
     const double far = std::hypot((x - 0.68) * 16 / 9, y - 0.46);
     const double glow = std::exp(-5 * far), sun = far < 0.07 ? 80 : 0;
     int ridge = 0;

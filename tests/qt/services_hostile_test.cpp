@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QClipboard>
+#include <QColorSpace>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -90,6 +91,30 @@ TEST(QtImageFiles, aHeaderThatClaimsTheEarthIsRefusedByIt) {
   const Bytes drawing(svg.begin(), svg.end());
   EXPECT_FALSE(codec.decode(drawing, {}));
   EXPECT_EQ(codec.declaredPixels(drawing), std::int64_t{4000000000000});
+}
+
+TEST(QtImageFiles, coloursOfAWiderSpaceBecomeOurs) {
+  QImage wide(4, 4, QImage::Format_RGB32);
+  wide.fill(qRgb(200, 120, 60));
+  wide.setColorSpace(QColorSpace::DisplayP3);
+  const QRgb ours = wide.convertedToColorSpace(QColorSpace::SRgb).pixel(0, 0);
+  ASSERT_NE(ours, wide.pixel(0, 0));
+  const auto pixels = ImageCodec().decode(encoded(wide, "PNG"), {});
+  ASSERT_TRUE(pixels);
+  EXPECT_NEAR(pixels->rgba[0], qRed(ours), 1);
+  EXPECT_NEAR(pixels->rgba[1], qGreen(ours), 1);
+  EXPECT_NEAR(pixels->rgba[2], qBlue(ours), 1);
+}
+
+TEST(QtImageFiles, aPhotographMayBeFilledUpBeforeItsBlocks) {
+  Bytes file = encoded(scene(16, 8), "JPG");
+  file.insert(file.begin() + 2, 3, 0xff);
+  EXPECT_TRUE(ImageCodec().decode(file, {}));
+}
+
+TEST(QtImageFiles, aHostMayRaiseTheLimitAboveThatOfTheReader) {
+  ImageCodec().decode(encoded(scene(8, 8), "PNG"), {.maxPixels = std::int64_t{1} << 30});
+  EXPECT_GE(QImageReader::allocationLimit(), 8192);
 }
 
 TEST(QtImageFiles, aDrawingIsReadAtItsSize) {

@@ -25,9 +25,9 @@ void ZQNotificableText::setText(std::string text) {
 }
 
 void ZQNotificableText::changed() {
-  notice_.post();
   // What it is by now: of two threads the later one may be the first to come here.
   LastTexts::remember(notificationKey_, text());
+  notice_.post();  // last: who hears of it may let go of this holder
 }
 
 }  // namespace zq

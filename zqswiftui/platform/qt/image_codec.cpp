@@ -1,17 +1,26 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QBuffer>
+#include <QColorSpace>
 #include <QImage>
 #include <QImageReader>
 #include <algorithm>
+#include <climits>
 #include <cmath>
+#include <mutex>
 #include <utility>
 #include <zqswiftui/platform/qt/image_codec.hpp>
 
 namespace zq::qt {
 namespace {
 
-// The limits of a call judge by the header; this one stops formats whose header says nothing.
-constexpr int kAllocationLimitInMegabytes = 1024;
+// The limits of a call judge by the header; Qt's own, one for the process, stops formats whose
+// header says nothing. It leaves room for eight bytes a pixel, and follows the largest call.
+void makeRoomFor(std::int64_t pixels) {
+  static std::mutex mutex;
+  const std::lock_guard lock(mutex);
+  const auto megabytes = static_cast<int>(std::min<std::int64_t>(pixels >> 17, INT_MAX - 1)) + 1;
+  if (QImageReader::allocationLimit() < megabytes) QImageReader::setAllocationLimit(megabytes);
+}
 
 QSize fitted(QSize size, int maxSide) {
   const int longer = std::max(size.width(), size.height());
@@ -37,6 +46,10 @@ bool isCutJpeg(std::span<const std::uint8_t> file) {
   // The blocks before the picture say how long they are, and may hold a whole smaller one.
   std::size_t at = 2;
   while (at + 4 <= file.size() && file[at] == 0xff && file[at + 1] != 0xda) {
+    if (file[at + 1] == 0xff) {  // filled up before the next block
+      ++at;
+      continue;
+    }
     at += 2 + std::size_t{file[at + 2]} * 256 + file[at + 3];
   }
   for (; at + 2 <= file.size(); ++at) {
@@ -62,7 +75,7 @@ Pixels toPixels(QImage image) {
 }  // namespace
 
 ImageCodec::ImageCodec() {
-  QImageReader::setAllocationLimit(kAllocationLimitInMegabytes);
+  makeRoomFor(DecodeLimits().maxPixels);
 }
 
 std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
@@ -73,6 +86,7 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   if (bytes.empty() || isCutJpeg(bytes) || isCutBmp(bytes) || !buffer.open(QIODevice::ReadOnly)) {
     return std::nullopt;
   }
+  makeRoomFor(limits.maxPixels);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -88,6 +102,8 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   if (const QSize wanted = fitted(image.size(), limits.maxSide); wanted != image.size()) {
     image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
+  // Our pixels are sRGB; a file that says nothing of its colours has them already.
+  if (image.colorSpace().isValid()) image.convertToColorSpace(QColorSpace::SRgb);
   return toPixels(std::move(image));
 }
 

@@ -42,7 +42,8 @@ QImage halved(const QImage& image) {
     const auto* lower = reinterpret_cast<const quint32*>(image.constScanLine(2 * y + 1));
     auto* out = reinterpret_cast<quint32*>(half.scanLine(y));
     for (int x = 0; x < half.width(); ++x) {
-      out[x] = mean(upper[2 * x], upper[2 * x + 1], lower[2 * x], lower[2 * x + 1]);
+      const qsizetype left = qsizetype{2} * x;
+      out[x] = mean(upper[left], upper[left + 1], lower[left], lower[left + 1]);
     }
   }
   return half;

@@ -20,7 +20,7 @@ struct DecodeLimits {
   // Scaled down, keeping its shape, to at most this many pixels on the longer side; 0: as is.
   int maxSide = 0;
   // A picture that declares more pixels than this is refused before it is decoded.
-  std::int64_t maxPixels = std::int64_t{1} << 28;
+  std::int64_t maxPixels = std::int64_t{1} << 27;
 };
 
 // Turns the bytes of image files into pixels and back. Any thread, several at once.

@@ -62,7 +62,8 @@ class CanvasRects : public testing::Test {
   Rect rect() const { return model_->rect; }
   static Rect outline(Harness& screen) {
     for (const DrawnCommand& drawn : screen.drawn()) {
-      if (std::holds_alternative<StrokePath>(drawn.command)) return drawn.bounds;
+      const auto* line = std::get_if<StrokePath>(&drawn.command);
+      if (line) return drawn.bounds.insetBy(line->style.lineWidth / 2);
     }
     return {};
   }
@@ -125,6 +126,8 @@ TEST_F(CanvasRects, comeBackBitForBitWithThePointer) {
 TEST_F(CanvasRects, areShownWhereTheyAreAndTraced) {
   Harness screen(drawing(), {960, 540});
   EXPECT_EQ(outline(screen), Rect{});
+  screen.drag({100, 50}, {300, 50}, 1);
+  EXPECT_EQ(outline(screen), (Rect{100, 50, 200, 0})) << "a straight drag shows a line";
   screen.drag({100, 50}, {300, 150}, 1);
   EXPECT_EQ(outline(screen), (Rect{100, 50, 200, 100}));
   EXPECT_EQ(screen.find(Role::slider, "Rectangle").value, "x 200 y 100, 400 by 200");
@@ -133,7 +136,7 @@ TEST_F(CanvasRects, areShownWhereTheyAreAndTraced) {
   model_->rect = Rect{0, 0, 1920, 1080};
   screen.settle();
   EXPECT_EQ(outline(screen), (Rect{1, 1, 479, 269}));
-  EXPECT_EQ(printed(), "(200.0, 100.0, 400.0, 200.0)\n");
+  EXPECT_EQ(printed(), "(200.0, 100.0, 400.0, 0.0)\n(200.0, 100.0, 400.0, 200.0)\n");
 }
 
 TEST_F(CanvasRects, leaveAClickToWhatIsAround) {

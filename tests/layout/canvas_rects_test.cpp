@@ -73,7 +73,8 @@ TEST(OutlineOfRect, staysInsideOfTheViewByHalfALine) {
       {{0, 100, 1920, 200}, {1, 50, 959, 100}},
       {{1800, 1000, 120, 80}, {900, 500, 60, 40}},
       {{2000, 0, -80, 20}, {}},
-      {{5, 5, 0, 10}, {}},
+      {{100, 50, 0, 100}, {50, 25, 0, 50}},  // drawn straight down
+      {{5, 5, 0, 0}, {}},
   };
   for (const Case& c : cases) EXPECT_EQ(outlineOfRect(c.rect, kView, kTarget, 2), c.outline);
   EXPECT_EQ(outlineOfRect({0, 0, 1920, 1080}, kView, kTarget, 10), (Rect{5, 5, 955, 535}));
@@ -202,7 +203,8 @@ TEST(RangeOfRect, isMeasuredFromTimeZeroAndComesBack) {
 TEST(SpokenRect, isShort) {
   EXPECT_EQ(spokenRect({200, 100, 400.4, 200}, 0), "x 200 y 100, 400 by 200");
   EXPECT_EQ(spokenRect({-0.001, 0.5, 0.25, 1}, 2), "x 0 y 0.5, 0.25 by 1");
-  EXPECT_EQ(spokenRect({1, 1, 0, 5}, 0), "nothing drawn");
+  EXPECT_EQ(spokenRect({1, 1, 0, 5}, 0), "x 1 y 1, 0 by 5");
+  EXPECT_EQ(spokenRect({1, 1, 0, 0}, 0), "nothing drawn");
 }
 
 }  // namespace

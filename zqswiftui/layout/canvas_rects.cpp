@@ -56,6 +56,11 @@ Stretch stretched(Stretch s, double by, double target) {
 
 }  // namespace
 
+bool isNothing(const Rect& rect) {
+  return !isFinite(rect) || rect.width < 0 || rect.height < 0 ||
+         (rect.width == 0 && rect.height == 0);
+}
+
 std::optional<Rect> drawnRect(const DragValue& drag, Size view, Size target,
                               CanvasRectBound bound) {
   if (!isDrawable(view)) return std::nullopt;
@@ -74,13 +79,13 @@ std::optional<Rect> drawnRect(const DragValue& drag, Size view, Size target,
 
 Rect outlineOfRect(const Rect& rect, Size view, Size target, double strokeWidth) {
   const Size all = finiteSize(target);
-  if (!isDrawable(view) || !isFinite(rect) || !isDrawable(all)) return {};
+  if (!isDrawable(view) || !isDrawable(all)) return {};
   const double half = sanitized(finite(strokeWidth)) * 0.5;
   const Rect outline{std::max(half, rect.x / all.width * view.width),
                      std::max(half, rect.y / all.height * view.height),
                      std::min(view.width - half, rect.width / all.width * view.width),
                      std::min(view.height - half, rect.height / all.height * view.height)};
-  return outline.empty() || !isFinite(outline) ? Rect{} : outline;
+  return isNothing(rect) || isNothing(outline) ? Rect{} : outline;
 }
 
 std::optional<Size> arrowStep(const KeyEvent& key) {
@@ -104,7 +109,7 @@ std::optional<Rect> keyedRect(const Rect& rect, const KeyEvent& key, Size view, 
                               CanvasRectBound bound) {
   const Size all = finiteSize(target);
   if (!isDrawable(view) || !isDrawable(all)) return std::nullopt;
-  if (rect.empty() || !isFinite(rect)) {
+  if (isNothing(rect)) {
     if (key.key != Key::space && key.key != Key::enter) return std::nullopt;
     return bounded({all.width / 4, all.height / 4, all.width / 2, all.height / 2}, all, bound);
   }
@@ -186,7 +191,7 @@ std::string spokenNumber(double value, int decimals) {
 }
 
 std::string spokenRect(const Rect& rect, int decimals) {
-  if (rect.empty()) return "nothing drawn";
+  if (isNothing(rect)) return "nothing drawn";
   const auto number = [decimals](double value) { return spokenNumber(value, decimals); };
   return "x " + number(rect.x) + " y " + number(rect.y) + ", " + number(rect.width) + " by " +
          number(rect.height);

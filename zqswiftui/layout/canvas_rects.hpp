@@ -26,8 +26,12 @@ enum class CanvasRectBound : unsigned char { none, width, height };
 // gives a negative length.
 std::optional<Rect> drawnRect(const DragValue& drag, Size view, Size target, CanvasRectBound bound);
 
-// Where the rectangle's outline stands, in points: inside of the view by half of strokeWidth at
-// its edges. Empty where there is nothing to show.
+// Neither width nor height, or one that is negative or not finite: nothing to show. A rectangle
+// that is flat, as after a straight drag, is something.
+bool isNothing(const Rect& rect);
+
+// Where the middle of the rectangle's outline runs, in points: inside of the view by half of
+// strokeWidth at its left and upper edge. All zero where there is nothing to show.
 Rect outlineOfRect(const Rect& rect, Size view, Size target, double strokeWidth);
 
 // The rectangle after a key. Arrows move it by one target unit, with Shift by ten; with Control
@@ -104,7 +108,7 @@ ZQTimeRange rangeOfRect(const Rect& rect, const ZQTimeRange& targetRange);
 
 // At most so many decimals, without zeros at the end: 0.25, 200.
 std::string spokenNumber(double value, int decimals);
-// "x 200 y 100, 400 by 200"; "nothing drawn" where the rectangle is empty.
+// "x 200 y 100, 400 by 200"; "nothing drawn" where there is nothing.
 std::string spokenRect(const Rect& rect, int decimals);
 
 }  // namespace zq

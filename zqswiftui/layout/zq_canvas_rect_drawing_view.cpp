@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cstdio>
+#include <zqswiftui/layout/rect_outline.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/toolkit/geometry_reader.hpp>
-#include <zqswiftui/platform/toolkit/shapes.hpp>
 
 namespace zq {
 namespace {
@@ -37,10 +37,8 @@ View drawing(const ZQCanvasRectDrawingView::Parameters& p, const Rect& rect, Siz
     return next.has_value();
   };
   const Rect outline = outlineOfRect(rect, view, p.targetSize, kStrokeWidth);
-  return Rectangle()
-      .stroke(p.color, {.lineWidth = kLineWidth})
-      .frame(outline.width, outline.height)
-      .offset(outline.x, outline.y)
+  const bool nothing = outline == Rect{};
+  return (nothing ? View() : detail::rectOutline(outline, p.color, kLineWidth))
       .frame({.width = view.width, .height = view.height, .alignment = Alignment::topLeading()})
       .gesture({.onChanged = drawn})
       .cursor(Cursor::crosshair)

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <zqswiftui/layout/rect_outline.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/geometry_reader.hpp>
@@ -91,10 +92,7 @@ struct Drawing {
     const auto [upperLeft, lowerRight] = centers;
     const Rect shown{upperLeft.x, upperLeft.y, lowerRight.x - upperLeft.x,
                      lowerRight.y - upperLeft.y};
-    return ZStack({Rectangle()
-                       .stroke(given->rectColor, {.lineWidth = length(given->lineWidth)})
-                       .frame(shown.width, shown.height)
-                       .offset(shown.x, shown.y),
+    return ZStack({detail::rectOutline(shown, given->rectColor, length(given->lineWidth)),
                    handle(kUpperLeft, centers, view), handle(kLowerRight, centers, view)},
                   Alignment::topLeading())
         .frame({.width = view.width, .height = view.height, .alignment = Alignment::topLeading()})

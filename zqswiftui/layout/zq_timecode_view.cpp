@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <cstdint>
 #include <zqswiftui/layout/zq_timecode_view.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/timecode.hpp>
@@ -9,9 +10,10 @@ namespace zq {
 
 View ZQTimecodeView::body(Context& /*context*/) const {
   const std::string tc = TC::getFloatTimecode(time_, false);
-  const int sign = tc.starts_with('-') ? 1 : 0;
+  // A minus sign, or a third digit, belongs to the hours.
+  const auto more = static_cast<std::int64_t>(tc.find(':')) - 2;
   const auto field = [&](int from, int to) {
-    return Text(strUt_getSubString(tc, from + (from > 0 ? sign : 0), to + sign));
+    return Text(strUt_getSubString(tc, from + (from > 0 ? more : 0), to + more));
   };
   return HStack({.spacing = 0}, {field(0, 2), Text(":"), field(3, 5), Text(":"), field(6, 8),
                                  Text("."), field(9, 11)})

@@ -69,7 +69,9 @@ class PartNode final : public GeometryNode {
     if (!seen.empty()) {
       part_ = {seen.x - seen.width / 2, seen.y - seen.height / 2, 2 * seen.width, 2 * seen.height};
     }
-    return static_cast<const Value&>(*view().value()).value(frame().size(), part_);
+    Rect given = part_;
+    if (rightToLeft() && !seen.empty()) given.x = frame().width - part_.maxX();
+    return static_cast<const Value&>(*view().value()).value(frame().size(), given);
   }
 
  private:

@@ -12,8 +12,8 @@ namespace zq {
 // but not write states.
 //   GeometryReader([](Size size) { return Text(size.width > 300 ? "wide" : "narrow"); })
 // Content that is large and regular is told which part of it to make: what can be seen and half
-// as much around it, in its own points, which may reach beyond its size. It runs again when more
-// comes into sight, as by scrolling; while nothing is seen the part is empty.
+// as much around it, in its own points from the leading edge, which may reach beyond its size. It
+// runs again when more comes into sight, as by scrolling; while nothing is seen the part is empty.
 //   GeometryReader([](Size size, const Rect& part) { return gridLines(size, part); })
 class GeometryReader : public ViewModifiers<GeometryReader> {
  public:

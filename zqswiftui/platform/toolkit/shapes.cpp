@@ -76,7 +76,8 @@ void ShapeNode::recordFill(Piece& piece, const Paint& paint) const {
 void ShapeNode::record(Piece& piece) {
   const ShapeView& s = shape();
   const Rect all = localBounds();
-  if (all.empty()) return;
+  // An outline of points has its own place, also in a frame that is flat.
+  if (all.empty() && s.kind_ != ShapeView::Kind::path) return;
   if (s.fill_) recordFill(piece, *s.fill_);
   if (s.stroke_ && s.style_.lineWidth > 0) {
     const bool free = s.kind_ == ShapeView::Kind::path;

@@ -3,13 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <tests/base/temp_folder.hpp>
+#include <thread>
 #include <vector>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/image_cache.hpp>
+#include <zqswiftui/platform/base/last_texts.hpp>
 #include <zqswiftui/platform/base/prefs.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_cache.hpp>
@@ -33,6 +36,32 @@ TEST(Notify, eachKindKeywordAndSenderIsHeardByItsOwnObserversAlone) {
   ZQNotify::notify("k", std::optional<std::string>(), &sender);
   ZQNotify::notify("k", 2.5);
   EXPECT_EQ(heard, "tonet-sn");
+}
+
+// Of threads that race, each text has a number of its own, and the one with the highest stays.
+TEST(LastTextsTest, theHighestNumberStaysAndNoneChangesNothing) {
+  constexpr std::size_t kThreads = 8, kTexts = 500;
+  std::vector<std::map<std::uint64_t, std::string>> remembered(kThreads);
+  std::vector<std::thread> threads;
+  for (std::size_t t = 0; t < kThreads; ++t) {
+    threads.emplace_back([t, &mine = remembered[t]] {
+      for (std::size_t i = 0; i < kTexts; ++i) {
+        const std::string text = std::to_string(t) + "." + std::to_string(i);
+        const std::uint64_t order = LastTexts::remember("last.a", text);
+        mine.emplace_hint(mine.end(), order, text);
+      }
+      EXPECT_EQ(mine.rbegin()->second, std::to_string(t) + ".499") << "its own rise";
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  std::map<std::uint64_t, std::string> all;
+  for (auto& mine : remembered) all.merge(mine);
+  EXPECT_EQ(all.size(), kThreads * kTexts);
+  const auto& [order, text] = *all.rbegin();
+  EXPECT_EQ(LastTexts::of("last.a"), (LastTexts::Entry{text, order}));
+  EXPECT_GT(LastTexts::remember("last.a", std::nullopt), order);
+  EXPECT_EQ(LastTexts::of("last.a"), (LastTexts::Entry{text, order}));
+  EXPECT_FALSE(LastTexts::of("last.b"));
 }
 
 TEST(Notify, aBroadcastArrivesLaterAndEndsWithItsToken) {

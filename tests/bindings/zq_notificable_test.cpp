@@ -176,24 +176,83 @@ TEST(NotificableLife, aHolderOutlivesThePlatformThatDroppedItsNews) {
   EXPECT_EQ(told.times, 1);
 }
 
-TEST_F(Notificable, aFloodWaitsAsOneNewsAHolder) {
-  ZQNotificableText text("flood");
-  ZQNotificableValue value("flood");
-  Told texts(text), values(value);
+// Workers may post a moment longer than there is a platform to tell anyone by.
+TEST(NotificableLife, postsWithoutAPlatformAreKeptAndHarmNobody) {
+  ZQNotificableText text("between");
+  Told told(text);
+  ZQNotify::notify("between", "here, before the first");
+  EXPECT_EQ(text.text(), "here, before the first");
+  int platforms = 0;
+  onThreads(
+      [](int t) {
+        for (int i = 0; i < 5000; ++i) ZQNotify::notify("between", std::to_string(t * i));
+      },
+      [&] {
+        HeadlessPlatform brief;
+        if (++platforms % 2) brief.runUntilIdle();
+      });
+  HeadlessPlatform last;
+  told.times = 0;
+  ZQNotify::notify("between", "the end");
+  EXPECT_EQ(told.times, 1);
+}
+
+// Three holders of one keyword, and one in their midst at which a post overtakes another.
+TEST_F(Notificable, aPostThatIsOvertakenComesToNobodyAnyMore) {
+  const ZQNotificableText before("race");
+  const ZQNotificableValue valueBefore("race");
+  const ZQNotificableImage imageBefore("race");
+  const ZQImage late = picture(1, 1, 1), last = picture(1, 1, 2);
+  const auto overtake = ZQNotify::observeString(nullptr, "race", [](const auto& text) {
+    if (text == "late") ZQNotify::notify("race", "last");
+  });
+  const auto overtakeValue = ZQNotify::observeDouble(nullptr, "race", [](const auto& number) {
+    if (number == 0.1) ZQNotify::notify("race", 0.2);
+  });
+  const auto overtakeImage = ZQNotify::observeImage(nullptr, "race", [&](const auto& image) {
+    if (image == late) ZQNotify::notify("race", std::optional(last));
+  });
+  const ZQNotificableText after("race");
+  const ZQNotificableValue valueAfter("race");
+  const ZQNotificableImage imageAfter("race");
+  ZQNotify::notify("race", "late");
+  ZQNotify::notify("race", 0.1);
+  ZQNotify::notify("race", std::optional(late));
+  EXPECT_EQ(before.text(), "last");
+  EXPECT_EQ(after.text(), "last");
+  EXPECT_EQ(ZQNotificableText("race").text(), "last");
+  EXPECT_EQ(valueBefore.value(), 0.2);
+  EXPECT_EQ(valueAfter.value(), 0.2);
+  EXPECT_EQ(imageBefore.image(), last);
+  EXPECT_EQ(imageAfter.image(), last);
+  EXPECT_EQ(ZQNotificableImage("race").image(), last);
+}
+
+TEST_F(Notificable, aFloodWaitsAsOneNewsAHolderAndAllHoldersAgree) {
+  ZQNotificableText text("flood"), otherText("flood");
+  ZQNotificableValue value("flood"), otherValue("flood");
+  ZQNotificableImage image("flood"), otherImage("flood");
+  Told texts(text), values(value), images(image);
   onThreads(
       [](int t) {
         for (int i = 0; i < 2000; ++i) {
           ZQNotify::notify("flood", t + i / 1e4);
           ZQNotify::notify("flood", std::to_string(t) + "." + std::to_string(i));
+          ZQNotify::notify("flood", std::optional(picture(1, 1, static_cast<std::uint8_t>(t))));
         }
       },
       [] { std::this_thread::yield(); });
-  EXPECT_EQ(texts.times + values.times, 0);
+  EXPECT_EQ(texts.times + values.times + images.times, 0);
   platform.runUntilIdle();
   EXPECT_EQ(texts.times, 1);
   EXPECT_EQ(values.times, 1);
-  EXPECT_TRUE(texts.atHome && values.atHome);
+  EXPECT_EQ(images.times, 1);
+  EXPECT_TRUE(texts.atHome && values.atHome && images.atHome);
+  EXPECT_EQ(otherText.text(), text.text());
   EXPECT_EQ(ZQNotificableText("flood").text(), text.text()) << "what is remembered is shown";
+  EXPECT_EQ(otherValue.value(), value.value());
+  EXPECT_EQ(otherImage.image(), image.image());
+  EXPECT_EQ(ZQNotificableImage("flood").image(), image.image());
 }
 
 TEST_F(Notificable, aFloodCostsOneEvaluationAFrameAndTheLastValueShows) {

@@ -7,11 +7,12 @@
 namespace zq {
 namespace {
 
-// The one of the process. A holder takes a picture under this lock too, so that the last one is
-// always what some holder took last.
+// The one of the process: the last in the order of the posts that some holder took.
 struct LastImage {
   std::mutex mutex;
   std::optional<ZQImage> image;
+  std::string key;
+  std::uint64_t order = 0;
 };
 
 // Never destroyed: threads may post while the program ends.
@@ -23,24 +24,27 @@ LastImage& lastImage() {
 }  // namespace
 
 ZQNotificableImage::ZQNotificableImage(std::string key) : notificationKey_(std::move(key)) {
+  follows_ = ZQNotify::observeImage(
+      nullptr, notificationKey_, [this](const std::optional<ZQImage>& image, std::uint64_t order) {
+        if (image) take(*image, order);
+      });
   LastImage& last = lastImage();
   const std::lock_guard lock(last.mutex);
-  image_ = last.image;
-  follows_ = ZQNotify::observeImage(nullptr, notificationKey_,
-                                    [this](const std::optional<ZQImage>& image) {
-                                      if (image) take(*image);
-                                    });
+  // One of another keyword gives way to any of this one.
+  image_.take(last.image, last.key == notificationKey_ ? last.order : 0);
 }
 
-void ZQNotificableImage::take(const ZQImage& image) {
+void ZQNotificableImage::take(const ZQImage& image, std::uint64_t order) {
+  if (!image_.take(image, order)) return;
   std::optional<ZQImage> before;  // its pixels may go, after the lock
   {
     LastImage& last = lastImage();
     const std::lock_guard lock(last.mutex);
-    const std::optional<ZQImage> shown = image_;
-    if (shown && shown->identity() == image.identity()) return;
-    image_ = image;
-    before = std::exchange(last.image, image);
+    if (order > last.order) {
+      before = std::exchange(last.image, image);
+      last.key = notificationKey_;
+      last.order = order;
+    }
   }
   notice_.post();
 }

@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 #include <zqswiftui/bindings/change_notice.hpp>
+#include <zqswiftui/bindings/latest.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
-#include <zqswiftui/platform/toolkit/unpublished.hpp>
 
 namespace zq {
 
@@ -22,10 +22,10 @@ class ZQNotificableImage final : public ObservableObject {
   const std::string& notificationKey() const { return notificationKey_; }
 
  private:
-  void take(const ZQImage& image);
+  void take(const ZQImage& image, std::uint64_t order);
 
   const std::string notificationKey_;
-  Unpublished<std::optional<ZQImage>> image_;
+  detail::Latest<std::optional<ZQImage>> image_;
   detail::ChangeNotice notice_{*this};
   Subscription follows_;
 };

@@ -3,15 +3,16 @@
 
 #include <string>
 #include <zqswiftui/bindings/change_notice.hpp>
+#include <zqswiftui/bindings/latest.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
-#include <zqswiftui/platform/toolkit/unpublished.hpp>
 
 namespace zq {
 
 // The last text that was posted under a keyword, by whomever: it begins with the last one of the
 // process, also where that came before there was anyone to follow it, or with "". A notification
 // without a text, or with the same, does nothing. Views are told on the interface thread, once for
-// all texts that came since. Any thread; it may be destroyed on any.
+// all texts that came since. All that follow a keyword agree, whichever threads post; all but
+// setText, which is for this one and for those that come. Any thread; it may be destroyed on any.
 //   const auto status = std::make_shared<ZQNotificableText>("status");
 //   ZQNotify::notify("status", "Exporting…");
 class ZQNotificableText final : public ObservableObject {
@@ -20,14 +21,12 @@ class ZQNotificableText final : public ObservableObject {
 
   std::string text() const { return text_.get(); }
   // For this one, and for those that begin to follow the keyword from now on.
-  void setText(std::string text);
+  void setText(const std::string& text);
   const std::string& notificationKey() const { return notificationKey_; }
 
  private:
-  void changed();
-
   const std::string notificationKey_;
-  Unpublished<std::string> text_;
+  detail::Latest<std::string> text_;
   detail::ChangeNotice notice_{*this};
   Subscription follows_;
 };

@@ -7,10 +7,10 @@
 namespace zq {
 
 ZQNotificableValue::ZQNotificableValue(std::string key) : notificationKey_(std::move(key)) {
-  follows_ = ZQNotify::observeDouble(nullptr, notificationKey_,
-                                     [this](const std::optional<double>& number) {
-                                       if (number && value_.change(*number)) notice_.post();
-                                     });
+  follows_ = ZQNotify::observeDouble(
+      nullptr, notificationKey_, [this](const std::optional<double>& number, std::uint64_t order) {
+        if (number && value_.take(*number, order)) notice_.post();
+      });
 }
 
 }  // namespace zq

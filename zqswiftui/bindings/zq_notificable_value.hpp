@@ -3,8 +3,8 @@
 
 #include <string>
 #include <zqswiftui/bindings/change_notice.hpp>
+#include <zqswiftui/bindings/latest.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
-#include <zqswiftui/platform/toolkit/unpublished.hpp>
 
 namespace zq {
 
@@ -21,7 +21,7 @@ class ZQNotificableValue final : public ObservableObject {
 
  private:
   const std::string notificationKey_;
-  Unpublished<double> value_;
+  detail::Latest<double> value_;
   detail::ChangeNotice notice_{*this};
   Subscription follows_;
 };

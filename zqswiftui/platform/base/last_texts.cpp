@@ -8,7 +8,9 @@ namespace {
 
 struct Table {
   SerialQueue queue{"vendel.ZQNotificableText.lastText"};
-  std::unordered_map<std::string, std::string> byKeyword;  // on the queue only
+  // On the queue only.
+  std::unordered_map<std::string, LastTexts::Entry> byKeyword;
+  std::uint64_t last = 0;
 };
 
 // Never destroyed: threads may post while the program ends.
@@ -19,18 +21,25 @@ Table& table() {
 
 }  // namespace
 
-void LastTexts::remember(const std::string& keyword, const std::string& text) {
+std::uint64_t LastTexts::remember(const std::string& keyword,
+                                  const std::optional<std::string>& text) {
   Table& all = table();
-  all.queue.sync([&] { all.byKeyword[keyword] = text; });
+  std::uint64_t order = 0;
+  all.queue.sync([&] {
+    order = ++all.last;
+    if (text) all.byKeyword[keyword] = {*text, order};
+  });
+  return order;
 }
 
-void LastTexts::read(const std::string& keyword,
-                     const std::function<void(const std::optional<std::string>&)>& take) {
+std::optional<LastTexts::Entry> LastTexts::of(const std::string& keyword) {
   Table& all = table();
+  std::optional<Entry> entry;
   all.queue.sync([&] {
     const auto found = all.byKeyword.find(keyword);
-    take(found == all.byKeyword.end() ? std::nullopt : std::optional(found->second));
+    if (found != all.byKeyword.end()) entry = found->second;
   });
+  return entry;
 }
 
 }  // namespace zq

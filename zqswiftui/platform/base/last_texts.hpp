@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -12,10 +12,17 @@ namespace zq {
 // it runs on the serial queue "vendel.ZQNotificableText.lastText", and returns when it has. Any
 // thread.
 struct LastTexts {
-  static void remember(const std::string& keyword, const std::string& text);
-  // `take` runs before anything else is remembered. Nothing where there is no text.
-  static void read(const std::string& keyword,
-                   const std::function<void(const std::optional<std::string>& text)>& take);
+  struct Entry {
+    std::string text;
+    std::uint64_t order = 0;  // from 1; the later one has the higher number
+    bool operator==(const Entry&) const = default;
+  };
+
+  // Answers its number. Where there is no text the one before stays, and a number is given all the
+  // same.
+  static std::uint64_t remember(const std::string& keyword, const std::optional<std::string>& text);
+  // Nothing where there is no text yet.
+  static std::optional<Entry> of(const std::string& keyword);
 };
 
 }  // namespace zq

@@ -16,6 +16,16 @@ void XMain::execute(std::function<void()> work) {
   queue.post(std::move(work));
 }
 
+void XMain::executeWhileThere(std::function<void()> work) {
+  bool here = false;
+  Platform::use([&](Platform& platform) {
+    MainQueue& queue = platform.mainQueue();
+    here = queue.isMainThread();
+    if (!here) queue.post(std::move(work));
+  });
+  if (here) work();
+}
+
 void XMain::post(std::function<void()> work) {
   Platform::current().mainQueue().post(std::move(work));
 }

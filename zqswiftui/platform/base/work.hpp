@@ -11,6 +11,8 @@ namespace zq {
 struct XMain {
   // At once when called there, else as soon as it is free.
   static void execute(std::function<void()> work);
+  // The same, for threads that may outlive the platform: without one the work is dropped.
+  static void executeWhileThere(std::function<void()> work);
   // Always later, after what was posted before.
   static void post(std::function<void()> work);
 };

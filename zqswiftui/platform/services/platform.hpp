@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <functional>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/services/background.hpp>
 #include <zqswiftui/platform/services/bundle.hpp>
@@ -28,6 +29,9 @@ class Platform {
   // Stops the program where no platform is installed. Any thread.
   static Platform& current();
   static bool installed();
+  // Runs the work with the platform, which stands until it returns; false, and nothing runs, where
+  // there is none. For threads that may outlive it: brief work, that waits for nothing. Any thread.
+  static bool use(const std::function<void(Platform& platform)>& work);
 
   Platform() = default;
   virtual ~Platform() = default;

@@ -30,15 +30,6 @@ class Unpublished {
     return *this;
   }
 
-  // Whether it is another value now; compared and set in one step, so that of two threads that
-  // bring the same value one makes the change.
-  bool change(const T& value) {
-    const std::lock_guard lock(mutex_);
-    if (value_ == value) return false;
-    value_ = value;
-    return true;
-  }
-
  private:
   mutable std::mutex mutex_;
   T value_;

@@ -57,6 +57,7 @@ foreach(main IN LISTS apps)
   cmake_path(GET folder FILENAME name)
   if(ZQ_QT)
     zq_program(${folder} zq-${name} ZQSwiftUI::Qt)
+    zq_precompile(zq-${name}-parts <zqswiftui/zqswiftui.hpp>)
   endif()
 endforeach()
 

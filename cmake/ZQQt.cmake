@@ -6,6 +6,8 @@ zq_floor(qt FOLDERS platform/qt LINKS zq_core
 set_target_properties(zq_qt PROPERTIES EXPORT_NAME Qt)
 add_library(ZQSwiftUI::Qt ALIAS zq_qt)
 target_compile_definitions(zq_qt PRIVATE QT_NO_KEYWORDS)
+zq_precompile(zq_qt <zqswiftui/platform/toolkit/toolkit.hpp> <QApplication> <QImage> <QPainter>
+  <QStaticText> <QTextLayout> <QThread> <QUrl>)
 
 # libdbus itself: its limit on waiting messages can be raised only there.
 find_library(ZQ_DBUS_LIBRARY dbus-1)

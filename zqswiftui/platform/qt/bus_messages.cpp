@@ -78,8 +78,15 @@ std::string notificationKey(std::string_view name) {
 }
 
 std::string notificationRule(std::string_view name) {
-  return std::string("type='signal',path='") + kPath + "',interface='" + kInterface + "',member='" +
-         kMember + "',arg0='" + notificationKey(name) + "'";
+  std::string rule = "type='signal'";
+  const auto narrow = [&](std::string_view by, std::string_view value) {
+    rule.append(",").append(by).append("='").append(value).append("'");
+  };
+  narrow("path", kPath);
+  narrow("interface", kInterface);
+  narrow("member", kMember);
+  narrow("arg0", notificationKey(name));
+  return rule;
 }
 
 BusMessage busCall(const char* method, const char* argument) {

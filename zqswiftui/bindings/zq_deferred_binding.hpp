@@ -131,48 +131,36 @@ class ZQDeferredBinding final : public detail::DeferredValue<T> {
 class ZQDeferredDoubleBinding final : public detail::DeferredValue<double> {
  public:
   static std::shared_ptr<ZQDeferredDoubleBinding> create(
-      Binding<double> value, std::shared_ptr<ZQPressureTask> queue = {}) {
-    return std::shared_ptr<ZQDeferredDoubleBinding>(
-        new ZQDeferredDoubleBinding(std::move(value), std::move(queue)));
-  }
+      Binding<double> value, std::shared_ptr<ZQPressureTask> queue = {});
   Binding<double> bindedDouble() const { return owner(); }
   double internalDouble() const { return internal(); }
 
  private:
-  ZQDeferredDoubleBinding(Binding<double> value, std::shared_ptr<ZQPressureTask> queue)
-      : DeferredValue(std::move(value), std::move(queue), 0.1, detail::DeferredHold::strong) {}
+  ZQDeferredDoubleBinding(Binding<double> value, std::shared_ptr<ZQPressureTask> queue);
 };
 
 // Of a text, 0.5 s. A pending write happens also when the binding has been released.
 class ZQDeferredTextBinding final : public detail::DeferredValue<std::string> {
  public:
   static std::shared_ptr<ZQDeferredTextBinding> create(Binding<std::string> value,
-                                                       std::shared_ptr<ZQPressureTask> queue = {}) {
-    return std::shared_ptr<ZQDeferredTextBinding>(
-        new ZQDeferredTextBinding(std::move(value), std::move(queue)));
-  }
+                                                       std::shared_ptr<ZQPressureTask> queue = {});
   Binding<std::string> bindedText() const { return owner(); }
   std::string internalText() const { return internal(); }
 
  private:
-  ZQDeferredTextBinding(Binding<std::string> value, std::shared_ptr<ZQPressureTask> queue)
-      : DeferredValue(std::move(value), std::move(queue), 0.5, detail::DeferredHold::strong) {}
+  ZQDeferredTextBinding(Binding<std::string> value, std::shared_ptr<ZQPressureTask> queue);
 };
 
 // Of an integer, 1 s. A pending write happens also when the binding has been released.
 class ZQDeferredIntBinding final : public detail::DeferredValue<std::int64_t> {
  public:
   static std::shared_ptr<ZQDeferredIntBinding> create(Binding<std::int64_t> value,
-                                                      std::shared_ptr<ZQPressureTask> queue = {}) {
-    return std::shared_ptr<ZQDeferredIntBinding>(
-        new ZQDeferredIntBinding(std::move(value), std::move(queue)));
-  }
+                                                      std::shared_ptr<ZQPressureTask> queue = {});
   Binding<std::int64_t> bInt() const { return owner(); }
   std::int64_t internalValue() const { return internal(); }
 
  private:
-  ZQDeferredIntBinding(Binding<std::int64_t> value, std::shared_ptr<ZQPressureTask> queue)
-      : DeferredValue(std::move(value), std::move(queue), 1.0, detail::DeferredHold::strong) {}
+  ZQDeferredIntBinding(Binding<std::int64_t> value, std::shared_ptr<ZQPressureTask> queue);
 };
 
 }  // namespace zq

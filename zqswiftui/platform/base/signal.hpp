@@ -5,7 +5,6 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -58,17 +57,7 @@ class ListenerGate {
 
   // Waits for other threads to leave; calls of this thread further up its stack are not
   // waited for. Answers whether nobody at all is inside any more.
-  bool close() {
-    unsigned own = 0;
-    for (const Call* call = innermost; call != nullptr; call = call->outer) {
-      if (call->gate == this) own += kOneInside;
-    }
-    unsigned state = state_.fetch_or(kClosed, std::memory_order_acq_rel) | kClosed;
-    for (; state > own + kClosed; state = state_.load(std::memory_order_acquire)) {
-      state_.wait(state, std::memory_order_acquire);
-    }
-    return state == kClosed;
-  }
+  bool close();
 
   // A passage through the gate, remembered by its thread.
   struct Call {
@@ -90,6 +79,32 @@ class ListenerGate {
   // How many are inside, above the bit that says it is closed. Whoever leaves may wake others
   // after the last wait has ended: each call holds its listener until it has left.
   std::atomic<unsigned> state_{0};
+};
+
+struct ListenerList;
+
+// One listener, whatever it takes, and its place in the list.
+struct Listening {
+  virtual ~Listening() = default;
+  virtual void forget() = 0;  // lets go of what the listener holds
+  ListenerGate gate;
+  std::weak_ptr<ListenerList> list;
+  std::list<std::shared_ptr<Listening>>::iterator place;
+};
+
+// The listeners of a signal in the order of their connection, whatever they take.
+class Listeners {
+ public:
+  using Entries = std::vector<std::shared_ptr<Listening>>;
+
+  Listeners();
+  Subscription add(std::shared_ptr<Listening> entry);
+  // What a send walks: kept until the list changes, so that sends allocate nothing.
+  std::shared_ptr<const Entries> entries() const;
+  bool empty() const;
+
+ private:
+  std::shared_ptr<ListenerList> list_;
 };
 
 }  // namespace detail
@@ -116,66 +131,27 @@ class Signal {
     if (!listener) return {};
     auto entry = std::make_shared<Entry>();
     entry->listener = std::move(listener);
-    entry->list = list_;
-    {
-      const std::lock_guard lock(list_->mutex);
-      entry->place = list_->entries.insert(list_->entries.end(), entry);
-      list_->snapshot.reset();
-    }
-    return Subscription([entry = std::move(entry)] { disconnect(*entry); });
+    return listeners_.add(std::move(entry));
   }
 
   void send(const Args&... args) const {
-    const auto snapshot = currentEntries();
-    for (const auto& entry : *snapshot) {
+    const auto entries = listeners_.entries();
+    for (const auto& entry : *entries) {
       if (!entry->gate.enter()) continue;
       const detail::ListenerGate::Call call(entry->gate);
-      entry->listener(args...);
+      static_cast<const Entry&>(*entry).listener(args...);
     }
   }
 
-  bool hasListeners() const {
-    const std::lock_guard lock(list_->mutex);
-    return !list_->entries.empty();
-  }
+  bool hasListeners() const { return !listeners_.empty(); }
 
  private:
-  struct Entry;
-  using Entries = std::vector<std::shared_ptr<Entry>>;
-  struct List {
-    std::mutex mutex;
-    std::list<std::shared_ptr<Entry>> entries;
-    // What the last send walked, kept until the list changes; sends then allocate nothing.
-    std::shared_ptr<const Entries> snapshot;
-  };
-  struct Entry {
+  struct Entry final : detail::Listening {
+    void forget() override { listener = nullptr; }
     Listener listener;
-    detail::ListenerGate gate;
-    std::weak_ptr<List> list;
-    typename std::list<std::shared_ptr<Entry>>::iterator place;
   };
 
-  std::shared_ptr<const Entries> currentEntries() const {
-    const std::lock_guard lock(list_->mutex);
-    if (!list_->snapshot) {
-      list_->snapshot =
-          std::make_shared<const Entries>(list_->entries.begin(), list_->entries.end());
-    }
-    return list_->snapshot;
-  }
-
-  static void disconnect(Entry& entry) {
-    std::shared_ptr<const Entries> stale;  // released after the lock: it may end listeners
-    if (const auto list = entry.list.lock()) {
-      const std::lock_guard lock(list->mutex);
-      stale = std::move(list->snapshot);
-      list->entries.erase(entry.place);
-    }
-    // What the listener holds goes now and on this thread, not when some sender lets go.
-    if (entry.gate.close()) entry.listener = nullptr;
-  }
-
-  std::shared_ptr<List> list_ = std::make_shared<List>();
+  detail::Listeners listeners_;
 };
 
 }  // namespace zq

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <mutex>
 #include <utility>
+#include <zqswiftui/platform/base/lock.hpp>
 
 // Inside of bindings/ only.
 namespace zq::detail {
@@ -18,13 +18,13 @@ class Latest {
   Latest& operator=(const Latest&) = delete;
 
   T get() const {
-    const std::lock_guard lock(mutex_);
+    const LockGuard guard(lock_);
     return value_;
   }
 
   // Whether it is another value now.
   bool take(T value, std::uint64_t order) {
-    const std::lock_guard lock(mutex_);
+    const LockGuard guard(lock_);
     if (order < order_) return false;
     order_ = order;
     if (value_ == value) return false;
@@ -33,7 +33,7 @@ class Latest {
   }
 
  private:
-  mutable std::mutex mutex_;
+  mutable Lock lock_;
   std::uint64_t order_ = 0;
   T value_;
 };

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <mutex>
 #include <thread>
 #include <zqswiftui/bindings/zq_notificable_image_view.hpp>
 #include <zqswiftui/bindings/zq_notificable_percentage_view.hpp>

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -43,10 +44,19 @@ class [[nodiscard]] Result {
 
 // Done, or why not.
 template <>
-class [[nodiscard]] Result<void> : public Result<std::monostate> {
+class [[nodiscard]] Result<void> {
  public:
-  Result() : Result<std::monostate>(std::monostate{}) {}
-  Result(Error error) : Result<std::monostate>(std::move(error)) {}
+  Result() = default;
+  Result(Error error) : error_(std::move(error)) {}
+
+  bool ok() const { return !error_; }
+  const Error& error() const {
+    ZQ_REQUIRE(!ok(), "Result: it holds no error");
+    return *error_;
+  }
+
+ private:
+  std::optional<Error> error_;
 };
 
 }  // namespace zq

@@ -3,8 +3,8 @@
 
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <utility>
+#include <zqswiftui/platform/base/lock.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
 
@@ -46,7 +46,7 @@ class Published {
 
   // The value as it is now, without copying it.
   std::shared_ptr<const T> snapshot() const {
-    const std::lock_guard lock(mutex_);
+    const LockGuard guard(lock_);
     return value_;
   }
 
@@ -54,7 +54,7 @@ class Published {
     owner_->willChange.send();
     auto next = std::make_shared<const T>(std::move(value));
     {
-      const std::lock_guard lock(mutex_);
+      const LockGuard guard(lock_);
       value_.swap(next);
     }
     owner_->didChange.send();
@@ -68,7 +68,7 @@ class Published {
   void edit(const std::function<void(T&)>& change) {
     owner_->willChange.send();
     {
-      const std::lock_guard lock(mutex_);
+      const LockGuard guard(lock_);
       T copy = *value_;
       change(copy);
       value_ = std::make_shared<const T>(std::move(copy));
@@ -85,7 +85,7 @@ class Published {
 
  private:
   ObservableObject* owner_;
-  mutable std::mutex mutex_;
+  mutable Lock lock_;
   std::shared_ptr<const T> value_;
 };
 

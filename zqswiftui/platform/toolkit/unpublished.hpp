@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <mutex>
 #include <utility>
+#include <zqswiftui/platform/base/lock.hpp>
 
 namespace zq {
 
@@ -16,13 +16,13 @@ class Unpublished {
   Unpublished& operator=(const Unpublished&) = delete;
 
   T get() const {
-    const std::lock_guard lock(mutex_);
+    const LockGuard guard(lock_);
     return value_;
   }
   operator T() const { return get(); }  // NOLINT(google-explicit-constructor): like Published
 
   void set(T value) {
-    const std::lock_guard lock(mutex_);
+    const LockGuard guard(lock_);
     std::swap(value_, value);
   }
   Unpublished& operator=(T value) {
@@ -31,7 +31,7 @@ class Unpublished {
   }
 
  private:
-  mutable std::mutex mutex_;
+  mutable Lock lock_;
   T value_;
 };
 

@@ -58,6 +58,7 @@ BARS = [
     ('a segment changed', 'M2', 1000, 'ms', 2, 1),
     ('all segments moved', 'M2-zoom', 1000, 'ms', 2, 1),
     ('a rectangle dragged', 'M3', 500, 'ms', 2, 1),
+    ('one across all', 'M3-across', 500, 'ms', 2, 1),
     ('a million posts', 'M4', 1000000, 'ms', 1000, 1),
 ]
 

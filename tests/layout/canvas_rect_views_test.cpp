@@ -327,5 +327,23 @@ TEST_F(CanvasRects, markRangesOfTime) {
   EXPECT_EQ(outline(screen).width, 250) << "the mark is the view's own once it has appeared";
 }
 
+// Two marks of ten points whose areas of 24 lie across each other, or on one another.
+TEST_F(CanvasRects, theNearerOfTwoHandlesIsGrabbed) {
+  for (const double apart : {0.0, 4.0, 20.0}) {
+    const Rect start{0.25, 0.25, apart / 400, apart / 400};
+    for (const bool upper : {true, false}) {
+      model_->rect = start;
+      Harness screen(draggable(), {400, 400});
+      const double at = upper ? 97 : 103 + apart;
+      screen.drag({at, at}, {at + (upper ? -40 : 40), at}, 1);
+      const Rect expected = upper ? Rect{0.15, 0.25, start.width, start.height}
+                                  : Rect{0.25, 0.25, start.width + 0.1, start.height};
+      EXPECT_NEAR(rect().x, expected.x, 1e-12) << apart << upper;
+      EXPECT_NEAR(rect().width, expected.width, 1e-12) << apart << upper;
+      EXPECT_EQ(screen.focused().name, upper ? "Upper left corner" : "Lower right corner");
+    }
+  }
+}
+
 }  // namespace
 }  // namespace zq

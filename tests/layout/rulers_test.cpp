@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <variant>
 #include <zqswiftui/layout/ruler_ticks.hpp>
 #include <zqswiftui/layout/zq_mini_timeline.hpp>
@@ -11,6 +12,7 @@
 #include <zqswiftui/layout/zq_ruler_view.hpp>
 #include <zqswiftui/layout/zq_timecode_view.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
+#include <zqswiftui/platform/toolkit/localized_texts.hpp>
 #include <zqswiftui/platform/toolkit/scroll_view.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
 
@@ -236,6 +238,17 @@ TEST(ZQTimecodeView, drawsOnlyTheDigitsThatChangeAndIsReadAsOneText) {
   screen.setRoot(
       ZQTimecodeView(61.24, 20).environment<LayoutDirectionKey>(LayoutDirection::rightToLeft));
   EXPECT_LT(screen.texts()[0].bounds.x, screen.texts()[6].bounds.x);
+}
+
+TEST(ZQTimecodeView, takesItsSeparatorsFromTheHost) {
+  const auto shown = [](LocalizedTexts texts) {
+    return ZQTimecodeView(3723.04).environment<LocalizedTextsKey>(
+        std::make_shared<const LocalizedTexts>(std::move(texts)));
+  };
+  Harness screen(shown({{".", ","}, {"01", "never"}}), {400, 100});
+  EXPECT_EQ(textsOf(screen), (std::vector<std::string>{"01", ":", "02", ":", "03", ",", "04"}));
+  screen.setRoot(shown({{":", "h"}}));
+  EXPECT_EQ(textsOf(screen), (std::vector<std::string>{"01", "h", "02", "h", "03", ".", "04"}));
 }
 
 }  // namespace

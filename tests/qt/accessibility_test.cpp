@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QLineEdit>
+#include <limits>
 #include <memory>
 #include <random>
 #include <string>
@@ -207,6 +208,44 @@ TEST_F(Accessible, aFieldIsReadAndEditedThroughItsNativeEditor) {
 
   show({.field = false});
   EXPECT_EQ(named(QStringLiteral("Field")), nullptr);
+}
+
+TEST_F(Accessible, aNumberIsReadAndSetBetweenItsEnds) {
+  std::vector<double> set;
+  const auto slider = [&](double value) {
+    return View(Rectangle().frame(80, 20))
+        .accessibility({.role = Role::slider,
+                        .label = "Slider",
+                        .number = AccessibleNumber{value, -2, 5, 0.5},
+                        .setNumber = [&set](double number) { set.push_back(number); }});
+  };
+  host_.setRoot(VStack({slider(1), ProgressView(0.25).accessibilityLabel("Bar")}));
+  settle();
+  QAccessibleInterface* view = named(QStringLiteral("Slider"));
+  ASSERT_NE(view, nullptr);
+  QAccessibleValueInterface* number = view->valueInterface();
+  ASSERT_NE(number, nullptr);
+  EXPECT_EQ(number->currentValue().toDouble(), 1);
+  EXPECT_EQ(number->minimumValue().toDouble(), -2);
+  EXPECT_EQ(number->maximumValue().toDouble(), 5);
+  EXPECT_EQ(number->minimumStepSize().toDouble(), 0.5);
+  number->setCurrentValue(3.25);
+  number->setCurrentValue(99);
+  number->setCurrentValue(QStringLiteral("no number"));
+  number->setCurrentValue(std::numeric_limits<double>::quiet_NaN());
+  view->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+  view->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+  EXPECT_EQ(set, (std::vector<double>{3.25, 5, 1.5, 0.5}));
+
+  QAccessibleInterface* bar = named(QStringLiteral("Bar"));
+  ASSERT_NE(bar, nullptr);
+  EXPECT_EQ(bar->valueInterface()->currentValue().toDouble(), 0.25);
+  EXPECT_EQ(bar->valueInterface()->maximumValue().toDouble(), 1);
+  EXPECT_EQ(bar->actionInterface(), nullptr) << "it can only be read";
+  host_.setRoot(VStack({slider(1).disabled()}));
+  settle();
+  named(QStringLiteral("Slider"))->valueInterface()->setCurrentValue(2);
+  EXPECT_EQ(set.size(), 4U);
 }
 
 TEST_F(Accessible, theScreenRectanglesMoveWithTheWindow) {

@@ -133,6 +133,40 @@ TEST(HostRepaint, randomChangesShowWhatAWholeRepaintShows) {
   }
 }
 
+// Large ones across each other and across texts, of which only the edges are painted again.
+View outlines(const std::vector<Row>& rows) {
+  std::vector<View> all{Text("under the outlines").frame(200, 120)};
+  for (const Row& row : rows) {
+    const Rect place{row.moved, row.moved / 2, row.width + 60.6, 71.7};
+    const StrokeStyle style{.lineWidth = row.clipped ? 1 : 2.4};
+    const Color color = colorOf(row.color);
+    View line = PathShape(Path().addRect(place)).stroke(color, style);
+    if (row.key % 3 == 0) line = Rectangle().stroke(color, style).frame(place.width, 81.3);
+    if (row.key % 3 == 1) line = RoundedRectangle(5).stroke(color, style).frame(place.width, 67.3);
+    all.push_back(line.opacity(row.opacity).offset(row.moved, 11.1 - row.key));
+  }
+  return ZStack(all, Alignment::topLeading());
+}
+
+TEST(HostRepaint, randomOutlinesShowWhatAWholeRepaintShows) {
+  std::mt19937 random(7);
+  std::vector<Row> rows(7);
+  for (std::size_t i = 0; i < rows.size(); ++i) rows[i].key = static_cast<int>(i);
+  HostWidget host(outlines(rows));
+  host.resize(260, 180);
+  host.show();
+  settle();
+  for (int step = 0; step < 150; ++step) {
+    change(rows, random);
+    host.setRoot(outlines(rows));
+    settle();
+    const QImage partly = onScreen(host);
+    host.repaint();
+    settle();
+    ASSERT_EQ(partly, onScreen(host)) << "step " << step << ", " << host.devicePixelRatioF();
+  }
+}
+
 TEST(HostRepaint, theSameHoldsOnScreensOfOtherScales) {
   for (const char* scale : {"1.25", "1.5", "2"}) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

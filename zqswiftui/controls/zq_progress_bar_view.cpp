@@ -43,6 +43,7 @@ ZQProgressBarView::ZQProgressBarView(const Parameters& parameters) : parameters_
 
 View ZQProgressBarView::body(Context& /*context*/) const {
   const double fraction = parameters_.percentage;
+  const int tenths = complete(fraction, 10);
   ProgressView bar = ProgressView(fraction)
                          .barColors(parameters_.foregroundColor, parameters_.backgroundColor)
                          .barHeight(parameters_.height.value_or(usualHeight));
@@ -54,7 +55,8 @@ View ZQProgressBarView::body(Context& /*context*/) const {
   return all.accessibility({.hidden = true})
       .accessibility({.role = Role::progress,
                       .label = "Progress",
-                      .value = std::to_string(complete(fraction, 10) * 10) + " %"});
+                      .value = std::to_string(tenths * 10) + " %",
+                      .number = AccessibleNumber{.value = tenths / 10.0}});
 }
 
 }  // namespace zq

@@ -38,6 +38,12 @@ double spanOf(const ZQTimeRange& range) {
   return finite(range.end - range.start);
 }
 
+// What a key moves by: a unit of the target, or a point of the view in a target of fractions.
+Size keyStep(Size view, Size target) {
+  return {target.width > 1 ? 1 : target.width / view.width,
+          target.height > 1 ? 1 : target.height / view.height};
+}
+
 // One side of a rectangle in its target.
 struct Stretch {
   double from;
@@ -115,13 +121,30 @@ std::optional<Rect> keyedRect(const Rect& rect, const KeyEvent& key, Size view, 
   }
   const std::optional<Size> arrow = arrowStep(key);
   if (!arrow) return std::nullopt;
-  const double dx = arrow->width * (all.width > 1 ? 1 : all.width / view.width);
-  const double dy = arrow->height * (all.height > 1 ? 1 : all.height / view.height);
+  const Size step = keyStep(view, all);
+  const double dx = arrow->width * step.width;
+  const double dy = arrow->height * step.height;
   const auto change = key.modifiers.control ? stretched : moved;
   Stretch x{rect.x, rect.width}, y{rect.y, rect.height};
   if (dx != 0) x = change(x, dx, all.width);
   if (dy != 0) y = change(y, dy, all.height);
   return bounded({x.from, y.from, x.length, y.length}, all, bound);
+}
+
+std::optional<AccessibleNumber> placeOfRect(const Rect& rect, Size view, Size target,
+                                            CanvasRectBound bound) {
+  const Size all = finiteSize(target);
+  if (isNothing(rect) || !isDrawable(view) || !isDrawable(all)) return std::nullopt;
+  const Size step = keyStep(view, all);
+  if (bound == CanvasRectBound::width) {
+    return AccessibleNumber{rect.y, 0, std::max(0.0, all.height - rect.height), step.height};
+  }
+  return AccessibleNumber{rect.x, 0, std::max(0.0, all.width - rect.width), step.width};
+}
+
+Rect rectAtPlace(const Rect& rect, double place, CanvasRectBound bound) {
+  const bool down = bound == CanvasRectBound::width;
+  return {down ? rect.x : place, down ? place : rect.y, rect.width, rect.height};
 }
 
 RectCorners cornersOf(const Rect& rect) {
@@ -141,6 +164,12 @@ HandleCenters handleCenters(const RectCorners& c, const CornerPans& pans, Size v
            std::min(std::min(c.top + pans.upperLeft.height, c.bottom) * h, c.bottom * h)},
           {std::max(c.left * w, (c.right + pans.lowerRight.width) * w),
            std::max(c.top * h, (c.bottom + pans.lowerRight.height) * h)}};
+}
+
+bool isNearerUpperLeft(Point p, const HandleCenters& centers) {
+  const auto [a, b] = centers;
+  const Size way = a == b ? Size{1, 1} : Size{b.x - a.x, b.y - a.y};
+  return (p.x - (a.x + b.x) / 2) * way.width + (p.y - (a.y + b.y) / 2) * way.height < 0;
 }
 
 std::optional<MovedCorner> upperLeftMoved(const RectCorners& corners, const Rect& rect,

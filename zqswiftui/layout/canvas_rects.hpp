@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <zqswiftui/platform/base/time_range.hpp>
+#include <zqswiftui/platform/toolkit/accessibility.hpp>
 #include <zqswiftui/platform/toolkit/events.hpp>
 
 namespace zq {
@@ -41,6 +42,12 @@ Rect outlineOfRect(const Rect& rect, Size view, Size target, double strokeWidth)
 std::optional<Rect> keyedRect(const Rect& rect, const KeyEvent& key, Size view, Size target,
                               CanvasRectBound bound);
 
+// Its place as one number, in target units, for those who can set a number alone: from the left
+// edge, or from the upper one where it spans the width. Absent where there is nothing to show.
+std::optional<AccessibleNumber> placeOfRect(const Rect& rect, Size view, Size target,
+                                            CanvasRectBound bound);
+Rect rectAtPlace(const Rect& rect, double place, CanvasRectBound bound);
+
 // --- A rectangle with a handle at two of its corners, in fractions of the view ---
 
 struct RectCorners {
@@ -72,6 +79,10 @@ struct HandleCenters {
   bool operator==(const HandleCenters&) const = default;
 };
 HandleCenters handleCenters(const RectCorners& corners, const CornerPans& pans, Size view);
+
+// Whether the point is nearer to the upper left handle. Where both are at one place, that one has
+// what is above and left of it.
+bool isNearerUpperLeft(Point point, const HandleCenters& centers);
 
 // The corners and the bound rectangle once a handle is released, or moved by a key.
 struct MovedCorner {

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -14,13 +15,21 @@ View ZQCanvasRangeRectView::body(Context& context) const {
                                range.set(rangeOfRect(next, target));
                              });
   const ZQTimeRange shown = rangeOfRect(*rect, targetRange_);
+  const double span = rangeOfRect({0, 0, 1, 1}, targetRange_).end;
+  const AccessibleNumber start{
+      .value = shown.start, .most = std::max(0.0, span * (1 - rect->width)), .step = span / 100};
+  const auto moved = [marked, span](double seconds) {
+    if (span > 0) marked.set(rectAtPlace(marked.get(), seconds / span, CanvasRectBound::height));
+  };
   return ZQCanvasRectDrawingView({.rect = marked,
                                   .targetSize = Size{1, 1},
                                   .bound = CanvasRectBound::height,
                                   .color = color_})
       .accessibility(
           {.label = "Range",
-           .value = spokenNumber(shown.start, 2) + " s to " + spokenNumber(shown.end, 2) + " s"});
+           .value = spokenNumber(shown.start, 2) + " s to " + spokenNumber(shown.end, 2) + " s",
+           .number = start,
+           .setNumber = moved});
 }
 
 }  // namespace zq

@@ -36,6 +36,9 @@ View drawing(const ZQCanvasRectDrawingView::Parameters& p, const Rect& rect, Siz
     if (next && !(*next == was)) write(p.rect, *next);
     return next.has_value();
   };
+  const auto placed = [p](double place) {
+    write(p.rect, rectAtPlace(p.rect->get(), place, p.bound));
+  };
   const Rect outline = outlineOfRect(rect, view, p.targetSize, kStrokeWidth);
   const bool nothing = outline == Rect{};
   return (nothing ? View() : detail::rectOutline(outline, p.color, kLineWidth))
@@ -45,7 +48,9 @@ View drawing(const ZQCanvasRectDrawingView::Parameters& p, const Rect& rect, Siz
       .onKey(keyed)
       .accessibility({.role = Role::slider,
                       .label = "Rectangle",
-                      .value = spokenRect(rect, decimalsOf(p.targetSize))});
+                      .value = spokenRect(rect, decimalsOf(p.targetSize)),
+                      .number = placeOfRect(rect, view, p.targetSize, p.bound),
+                      .setNumber = placed});
 }
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace zq {
 // all the room that is offered, works at any zoom and is never mirrored. From the keyboard,
 // arrows move the rectangle by one target unit, Shift by ten, and with Control its lower right
 // corner; Space or Enter makes one where there is none. A screen reader hears its place, "x 200
-// y 100, 400 by 200". Bad sizes draw nothing; see canvas_rects.hpp. Interface thread only.
+// y 100, 400 by 200", and may set where it begins. Bad sizes draw nothing; see canvas_rects.hpp.
+// Interface thread only.
 //   Image(frame).resizable().overlay(
 //       ZQCanvasRectDrawingView({.rect = crop.binding(), .targetSize = Size{1920, 1080},
 //                                .color = Color::yellow()}))

@@ -59,6 +59,12 @@ struct Drawing {
     const Point center = centers.*corner.center;
     const double side = length(given->pointSize);
     const double hit = std::max(kLeastHit, side);
+    const Point at{center.x - hit / 2, center.y - hit / 2};
+    // Where the handles are near each other a press means the nearer one.
+    const auto nearer = [centers, at,
+                         upperLeft = corner.center == &HandleCenters::upperLeft](Point point) {
+      return isNearerUpperLeft({at.x + point.x, at.y + point.y}, centers) == upperLeft;
+    };
     // A fine rim, so that a white handle shows on a white picture.
     return RoundedRectangle(2)
         .fill(given->pointColor)
@@ -83,8 +89,14 @@ struct Drawing {
         .accessibility(
             {.role = Role::slider,
              .label = corner.name,
-             .value = "x " + spokenNumber(center.x, 0) + " y " + spokenNumber(center.y, 0)})
-        .offset(center.x - hit / 2, center.y - hit / 2);
+             .value = "x " + spokenNumber(center.x, 0) + " y " + spokenNumber(center.y, 0),
+             .number = AccessibleNumber{center.x, 0, view.width, 1},
+             .setNumber =
+                 [*this, corner, view, from = center.x](double x) {
+                   move(corner, {x - from, 0}, view);
+                 }})
+        .hitArea(nearer)
+        .offset(at.x, at.y);
   }
 
   View content(Size view) const {

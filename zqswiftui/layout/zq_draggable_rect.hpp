@@ -16,10 +16,12 @@ namespace zq {
 // corner resizes it; the upper left one shifts it as a whole and leaves the other handle where it
 // is: see upperLeftMoved and lowerRightMoved.
 //
-// Handles are pointSize wide and high and can be grabbed within 24 points. Each is reached by
+// Handles are pointSize wide and high and can be grabbed within 24 points; of two that are near
+// each other the nearer one is. Each is reached by
 // Tab; an arrow moves it by one point of the view, with Shift by ten, and is told like a drag. A
-// screen reader hears places in points of the view. Lengths that are negative or not finite
-// count as zero. Takes all the room that is offered; never mirrored. Interface thread only.
+// screen reader hears places in points of the view, and may set the one across. Lengths that are
+// negative or not finite count as zero. Takes all the room that is offered; never mirrored.
+// Interface thread only.
 //   Image(frame).resizable().overlay(ZQDraggableRect({.rect = face.binding()}))
 class ZQDraggableRect : public ViewModifiers<ZQDraggableRect> {
  public:

@@ -3,20 +3,22 @@
 #include <zqswiftui/layout/zq_timecode_view.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/timecode.hpp>
+#include <zqswiftui/platform/toolkit/localized_texts.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 #include <zqswiftui/platform/toolkit/text.hpp>
 
 namespace zq {
 
-View ZQTimecodeView::body(Context& /*context*/) const {
+View ZQTimecodeView::body(Context& context) const {
   const std::string tc = TC::getFloatTimecode(time_, false);
   // A minus sign, or a third digit, belongs to the hours.
   const auto more = static_cast<std::int64_t>(tc.find(':')) - 2;
   const auto field = [&](int from, int to) {
     return Text(strUt_getSubString(tc, from + (from > 0 ? more : 0), to + more));
   };
-  return HStack({.spacing = 0}, {field(0, 2), Text(":"), field(3, 5), Text(":"), field(6, 8),
-                                 Text("."), field(9, 11)})
+  const Text colon(localized(context, ":")), point(localized(context, "."));
+  return HStack({.spacing = 0},
+                {field(0, 2), colon, field(3, 5), colon, field(6, 8), point, field(9, 11)})
       .lineLimit(1)
       .font(Font::custom("Courier New", fontSize_).monospaced())
       .environment<LayoutDirectionKey>(LayoutDirection::leftToRight)

@@ -135,7 +135,9 @@ void AccessibleTree::tellChanges(const AccessibilityNode& before, const Accessib
   if (descriptionOf(before) != descriptionOf(now)) {
     tell(QAccessibleEvent(view, QAccessible::DescriptionChanged));
   }
-  if (before.value != now.value) tell(QAccessibleValueChangeEvent(view, toQString(now.value)));
+  const bool number = now.value.empty() && before.number != now.number;
+  if (before.value != now.value || number)
+    tell(QAccessibleValueChangeEvent(view, toQString(now.value)));
   QAccessible::State changed;
   changed.checked = before.checked != now.checked;
   changed.disabled = before.enabled != now.enabled;

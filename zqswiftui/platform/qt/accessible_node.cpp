@@ -158,8 +158,12 @@ QAccessible::State AccessibleNode::state() const {
 void* AccessibleNode::interface_cast(QAccessible::InterfaceType type) {
   const AccessibilityNode* self = node();
   if (self == nullptr) return nullptr;
-  if (type == QAccessible::ActionInterface && (self->pressable || self->focusable)) {
+  if (type == QAccessible::ActionInterface &&
+      (self->pressable || self->focusable || self->adjustable)) {
     return static_cast<QAccessibleActionInterface*>(this);
+  }
+  if (type == QAccessible::ValueInterface && self->number) {
+    return static_cast<QAccessibleValueInterface*>(this);
   }
   // Cursor and selection are those of the native editor over the field.
   if (self->role == Role::textField &&
@@ -177,11 +181,14 @@ QStringList AccessibleNode::actionNames() const {
   if (self == nullptr) return names;
   if (self->pressable) names.push_back(self->checked ? toggleAction() : pressAction());
   if (self->focusable) names.push_back(setFocusAction());
+  if (self->adjustable) names << increaseAction() << decreaseAction();
   return names;
 }
 
 void AccessibleNode::doAction(const QString& name) {
   if (!actionNames().contains(name)) return;
+  if (name == increaseAction()) return step(1);
+  if (name == decreaseAction()) return step(-1);
   const auto tree = tree_.lock();
   ViewHost& host = tree->host().host();
   if (name != setFocusAction()) {
@@ -194,6 +201,40 @@ void AccessibleNode::doAction(const QString& name) {
 
 QStringList AccessibleNode::keyBindingsForAction(const QString&) const {
   return {};
+}
+
+QVariant AccessibleNode::number(double AccessibleNumber::*part) const {
+  const AccessibilityNode* self = node();
+  return self != nullptr && self->number ? QVariant((*self->number).*part) : QVariant();
+}
+
+QVariant AccessibleNode::currentValue() const {
+  return number(&AccessibleNumber::value);
+}
+
+QVariant AccessibleNode::maximumValue() const {
+  return number(&AccessibleNumber::most);
+}
+
+QVariant AccessibleNode::minimumValue() const {
+  return number(&AccessibleNumber::least);
+}
+
+QVariant AccessibleNode::minimumStepSize() const {
+  return number(&AccessibleNumber::step);
+}
+
+void AccessibleNode::setCurrentValue(const QVariant& value) {
+  bool isNumber = false;
+  const double number = value.toDouble(&isNumber);
+  const auto tree = tree_.lock();
+  if (tree && isNumber) tree->host().host().accessibilitySetNumber(id_, number);
+}
+
+void AccessibleNode::step(double steps) {
+  const AccessibleNumber all = node()->number.value_or(AccessibleNumber());
+  const double one = all.step > 0 ? all.step : (all.most - all.least) / 10;
+  setCurrentValue(all.value + steps * one);
 }
 
 }  // namespace zq::qt

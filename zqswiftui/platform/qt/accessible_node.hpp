@@ -9,7 +9,9 @@
 namespace zq::qt {
 
 // One view as Qt's assistive technology sees it. Answers as invalid once the view has gone.
-class AccessibleNode final : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleNode final : public QAccessibleInterface,
+                             public QAccessibleActionInterface,
+                             public QAccessibleValueInterface {
  public:
   AccessibleNode(std::weak_ptr<AccessibleTree> tree, std::uint64_t id)
       : tree_(std::move(tree)), id_(id) {}
@@ -35,8 +37,16 @@ class AccessibleNode final : public QAccessibleInterface, public QAccessibleActi
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString& name) const override;
 
+  QVariant currentValue() const override;
+  void setCurrentValue(const QVariant& value) override;
+  QVariant maximumValue() const override;
+  QVariant minimumValue() const override;
+  QVariant minimumStepSize() const override;
+
  private:
   const AccessibilityNode* node() const;
+  QVariant number(double AccessibleNumber::*part) const;
+  void step(double steps);
 
   std::weak_ptr<AccessibleTree> tree_;
   std::uint64_t id_;

@@ -52,6 +52,11 @@ const Path::Element* straightLine(const Path& path, const StrokeStyle& style) {
   return line && (e[0].p3.x == e[1].p3.x || e[0].p3.y == e[1].p3.y) ? e.data() : nullptr;
 }
 
+// A whole outline with square corners.
+bool isFrame(const StrokePath& shape) {
+  return shape.path->isRect() && !shape.style.roundJoin && shape.style.dash.empty();
+}
+
 }  // namespace
 
 PainterCanvas::PainterCanvas(QPainter& painter, double scale)
@@ -126,6 +131,7 @@ void PainterCanvas::drawShape(const FillPath& shape, const PlayState& state) {
 
 void PainterCanvas::drawShape(const StrokePath& shape, const PlayState& state) {
   if (!shape.path || shape.path->empty() || !(shape.style.lineWidth > 0)) return;
+  if (scaledDepth_ == 0 && isFrame(shape)) return drawFrame(shape, state);
   const Point origin = grid_.snap(state.origin);
   const Path::Element* line = straightLine(*shape.path, shape.style);
   if (line != nullptr && scaledDepth_ == 0) return drawLine(line, shape, origin, state);
@@ -134,23 +140,49 @@ void PainterCanvas::drawShape(const StrokePath& shape, const PlayState& state) {
   painter_->strokePath(toPainterPath(*shape.path, origin), penOf(shape.style, brush));
 }
 
+// How broad a line is on whole pixels.
+double PainterCanvas::breadthOf(const StrokeStyle& style) const {
+  return std::max(1.0, std::round(style.lineWidth * grid_.scale)) / grid_.scale;
+}
+
 // On whole pixels: half of a line of one pixel would lie on either side of its place, and be seen
 // as two pale ones.
+double PainterCanvas::lineStart(double middle, double breadth) const {
+  return std::floor((middle - breadth / 2) * grid_.scale + 0.5) / grid_.scale;
+}
+
 void PainterCanvas::drawLine(const Path::Element* ends, const StrokePath& shape, Point origin,
                              const PlayState& state) {
   const Point from = ends[0].p3, to = ends[1].p3;
   const bool upright = from.x == to.x;
-  const double thickness = std::max(1.0, std::round(shape.style.lineWidth * grid_.scale));
-  const auto across = [&](double middle) {
-    return std::floor(middle * grid_.scale - thickness / 2 + 0.5) / grid_.scale;
-  };
-  const double breadth = thickness / grid_.scale;
+  const double breadth = breadthOf(shape.style);
+  const auto across = [&](double middle) { return lineStart(middle, breadth); };
   const auto [low, high] = upright ? std::minmax(from.y, to.y) : std::minmax(from.x, to.x);
   const Rect rect = upright ? Rect{across(from.x + origin.x), low + origin.y, breadth, high - low}
                             : Rect{low + origin.x, across(from.y + origin.y), high - low, breadth};
   PlayState placed = state;
   placed.origin = {};
   drawShape(FillRect{rect, shape.paint}, placed);
+}
+
+// Each side as a line on whole pixels; many large ones that cross cost little where only parts of
+// them are painted.
+void PainterCanvas::drawFrame(const StrokePath& shape, const PlayState& state) {
+  const double breadth = breadthOf(shape.style);
+  const Rect middle = shape.path->bounds().offsetBy(state.origin);
+  const double left = lineStart(middle.x, breadth), top = lineStart(middle.y, breadth);
+  const double right = lineStart(middle.maxX(), breadth) + breadth;
+  const double bottom = lineStart(middle.maxY(), breadth) + breadth;
+  PlayState placed = state;
+  placed.origin = {};
+  const auto fill = [&](const Rect& rect) { drawShape(FillRect{rect, shape.paint}, placed); };
+  if (right - left <= 2 * breadth || bottom - top <= 2 * breadth) {
+    return fill({left, top, right - left, bottom - top});
+  }
+  fill({left, top, right - left, breadth});
+  fill({left, bottom - breadth, right - left, breadth});
+  fill({left, top + breadth, breadth, bottom - top - 2 * breadth});
+  fill({right - breadth, top + breadth, breadth, bottom - top - 2 * breadth});
 }
 
 void PainterCanvas::drawShape(const DrawText& text, const PlayState& state) {

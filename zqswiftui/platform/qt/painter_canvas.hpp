@@ -59,6 +59,9 @@ class PainterCanvas final : public Canvas {
                 const PlayState& state);
   void drawShape(const FillPath& shape, const PlayState& state);
   void drawShape(const StrokePath& shape, const PlayState& state);
+  double breadthOf(const StrokeStyle& style) const;
+  double lineStart(double middle, double breadth) const;
+  void drawFrame(const StrokePath& shape, const PlayState& state);
   void drawLine(const Path::Element* ends, const StrokePath& shape, Point origin,
                 const PlayState& state);
   void drawShape(const DrawText& text, const PlayState& state);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,23 @@ enum class Role : unsigned char {
   window
 };
 
+// A number that an element stands for, as a slider does, or a bar of progress. It lies between
+// the two ends; what is not finite is not set.
+struct AccessibleNumber {
+  double value = 0;
+  double least = 0;
+  double most = 1;
+  double step = 0;  // what one key changes; 0: a tenth of the way
+  bool operator==(const AccessibleNumber&) const = default;
+};
+
+// What is done when assistive technology sets the number. It is made anew with each view, so any
+// two are equal that do something.
+struct NumberSetter : std::function<void(double)> {
+  using std::function<void(double)>::function;
+  bool operator==(const NumberSetter& other) const { return !*this == !other; }
+};
+
 // What a component says of itself to assistive technology; whatever is left out is derived
 // from the texts and buttons inside.
 struct Accessibility {
@@ -32,7 +50,9 @@ struct Accessibility {
   std::optional<std::string> value = std::nullopt;
   std::optional<std::string> description = std::nullopt;
   std::optional<bool> checked = std::nullopt;
-  bool hidden = false;  // this view and what is in it
+  std::optional<AccessibleNumber> number = std::nullopt;
+  NumberSetter setNumber = {};  // with the number; none: it can only be read
+  bool hidden = false;          // this view and what is in it
   bool operator==(const Accessibility&) const = default;
 };
 
@@ -50,6 +70,8 @@ struct AccessibilityNode {
   bool focused = false;
   bool pressable = false;  // the action "press" (a toggle's "toggle")
   std::optional<bool> checked;
+  std::optional<AccessibleNumber> number;
+  bool adjustable = false;  // its number can be set
   std::vector<AccessibilityNode> children;
   bool operator==(const AccessibilityNode&) const = default;
 };

@@ -228,6 +228,24 @@ class DropNode final : public ModifierNode<DropValue>, public Responder {
   std::string debugName() const override { return "Drop"; }
 };
 
+class HitAreaNode;
+
+class HitAreaValue final : public ModifierValue<HitAreaValue, HitAreaNode> {
+ public:
+  HitAreaValue(View givenChild, std::function<bool(Point)> givenContains)
+      : ModifierValue(std::move(givenChild)), contains(std::move(givenContains)) {}
+  std::function<bool(Point)> contains;
+};
+
+class HitAreaNode final : public ModifierNode<HitAreaValue> {
+ public:
+  using ModifierNode::ModifierNode;
+  bool hitTest(Point point, HitPath& path) override {
+    return value().contains(point) && ModifierNode::hitTest(point, path);
+  }
+  std::string debugName() const override { return "HitArea"; }
+};
+
 // What changes nothing but what the controllers are told.
 class HintNode;
 
@@ -293,6 +311,11 @@ View modify::gesture(View view, DragGesture gesture) {
 
 View modify::onDrop(View view, DropTarget target) {
   return View::make<DropValue>(std::move(view), std::move(target));
+}
+
+View modify::hitArea(View view, std::function<bool(Point)> contains) {
+  if (!contains) return view;
+  return View::make<HitAreaValue>(std::move(view), std::move(contains));
 }
 
 View modify::keyboardShortcut(View view, Key key) {

@@ -25,6 +25,7 @@ class FieldNode : public ModifierNode<FieldValue<F, N>> {
   // As it is shown: on its way where its last change was animated.
   const F& field() const { return field_.shown(this->value().field); }
   virtual void fieldMoved() { this->invalidateMeasure(); }
+  Node* soleInk() const override { return this->child(); }
   void changed(const FieldValue<F, N>& was, const FieldValue<F, N>& now) override {
     if (was.field == now.field) return;
     if constexpr (requires { mix(was.field, now.field, 0.5); }) {
@@ -208,6 +209,11 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
     return {cx + (p.x - t.offset.x - cx) * factor, cy + (p.y - t.offset.y - cy) * factor};
   }
   void paint(PaintPass& pass, Point origin) override;
+  void damageAll() override {
+    // On its way, it is where the last frame showed it.
+    const bool stands = child() && !hasMemory();
+    stands ? child()->damageAll() : FieldNode::damageAll();
+  }
   bool hitTest(Point point, HitPath& path) override {
     return field().scale > 0 && Node::hitTest(point, path);
   }
@@ -228,7 +234,7 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
 void TransformNode::paint(PaintPass& pass, Point origin) {
   const Transform& t = field();
   const Point moved{origin.x + t.offset.x, origin.y + t.offset.y};
-  if (t.scale == 1) return paintChildrenUnculled(pass, moved);
+  if (t.scale == 1) return paintChildren(pass, moved);
   if (!(t.scale > 0)) return;
   pass.canvas.pushScale(t.scale, t.scale,
                         {moved.x + frame().width / 2, moved.y + frame().height / 2});

@@ -1,4 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <cmath>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
 
 namespace zq {
@@ -159,6 +161,7 @@ class AccessibilityInfoNode final : public ModifierNode<AccessibilityValue> {
     return value().info.label ? *value().info.label : WrapperNode::accessibleText();
   }
   void describe(std::vector<AccessibilityNode>& out) override;
+  bool setNumber(std::uint64_t element, double number) override;
 
  protected:
   void changed(const AccessibilityValue& was, const AccessibilityValue& now) override {
@@ -189,7 +192,25 @@ void AccessibilityInfoNode::describe(std::vector<AccessibilityNode>& out) {
   if (info.value) node.value = *info.value;
   if (info.description) node.description = *info.description;
   if (info.checked) node.checked = info.checked;
+  if (info.number) {
+    node.number = info.number;
+    node.adjustable = info.setNumber && node.enabled;
+  }
   out.push_back(std::move(node));
+}
+
+bool AccessibilityInfoNode::setNumber(std::uint64_t element, double number) {
+  const Accessibility& info = value().info;
+  if (!info.number || info.hidden) return false;
+  std::vector<AccessibilityNode> told;
+  describe(told);
+  if (told.front().id != element) return false;
+  const auto [least, most] = std::pair(info.number->least, info.number->most);
+  const NumberSetter set = info.setNumber;  // it may end this view
+  if (told.front().adjustable && std::isfinite(number)) {
+    set(std::clamp(number, least, std::max(least, most)));
+  }
+  return true;
 }
 
 class IdNode;

@@ -77,6 +77,8 @@ class ViewModifiers {
   View onKey(std::function<bool(const KeyEvent& key)> action, double ringInset = 0) const;
   View gesture(DragGesture gesture) const;
   View onDrop(DropTarget target) const;
+  // Points of the view at which it, and what is in it, is not there for the pointer answer false.
+  View hitArea(std::function<bool(Point point)> contains) const;
   View keyboardShortcut(Key key) const;  // presses what is inside, from anywhere in the window
   View disabled(bool disabled = true) const;
   View cursor(Cursor cursor) const;
@@ -134,6 +136,7 @@ View onHover(View view, std::function<void(bool)> action);
 View onKey(View view, std::function<bool(const KeyEvent&)> action, double ringInset);
 View gesture(View view, DragGesture gesture);
 View onDrop(View view, DropTarget target);
+View hitArea(View view, std::function<bool(Point)> contains);
 View keyboardShortcut(View view, Key key);
 View cursor(View view, Cursor cursor);
 View help(View view, std::string text);

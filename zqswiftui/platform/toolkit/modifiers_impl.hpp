@@ -121,6 +121,10 @@ View ViewModifiers<S>::onDrop(DropTarget target) const {
   return modify::onDrop(view(), std::move(target));
 }
 template <class S>
+View ViewModifiers<S>::hitArea(std::function<bool(Point)> contains) const {
+  return modify::hitArea(view(), std::move(contains));
+}
+template <class S>
 View ViewModifiers<S>::keyboardShortcut(Key key) const {
   return modify::keyboardShortcut(view(), key);
 }

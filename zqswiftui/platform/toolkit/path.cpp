@@ -123,6 +123,15 @@ Path Path::transformed(double scaleX, double scaleY, Point d) const {
   return result;
 }
 
+bool Path::isRect() const {
+  constexpr Verb verbs[] = {Verb::move, Verb::line, Verb::line, Verb::line, Verb::close};
+  const auto alike = [](const Element& e, Verb verb) { return e.verb == verb; };
+  const auto& e = elements_;
+  return std::equal(e.begin(), e.end(), std::begin(verbs), std::end(verbs), alike) &&
+         e[0].p3.y == e[1].p3.y && e[1].p3.x == e[2].p3.x && e[2].p3.y == e[3].p3.y &&
+         e[3].p3.x == e[0].p3.x;
+}
+
 Rect Path::bounds() const {
   constexpr double end = std::numeric_limits<double>::infinity();
   double left = end, top = end, right = -end, bottom = -end;

@@ -68,6 +68,7 @@ class ProgressNode final : public LeafNode {
     node.bounds = toWindow(localBounds());
     if (progress().fraction_) {
       node.value = percents(*progress().fraction_);
+      node.number = {.value = *progress().fraction_};
     } else {
       node.value = "busy";
     }

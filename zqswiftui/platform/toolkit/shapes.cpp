@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <array>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
 
@@ -7,6 +8,19 @@ namespace zq {
 namespace {
 
 constexpr double kIdeal = 10;  // the side of a shape that is offered nothing
+
+// Whether the rectangle is all that one needs to know: nothing is left out in its midst.
+bool isSmall(const Rect& hole) {
+  return hole.width < 16 || hole.height < 16;
+}
+
+// What of the rectangle lies around the hole, above and below of it and at its sides.
+std::array<Rect, 4> around(const Rect& hole, const Rect& all) {
+  return {Rect{all.x, all.y, all.width, hole.y - all.y},
+          Rect{all.x, hole.maxY(), all.width, all.maxY() - hole.maxY()},
+          Rect{all.x, hole.y, hole.x - all.x, hole.height},
+          Rect{hole.maxX(), hole.y, all.maxX() - hole.maxX(), hole.height}};
+}
 
 }  // namespace
 
@@ -26,6 +40,21 @@ class ShapeNode final : public LeafNode {
     invalidatePicture();
   }
   std::string debugName() const override { return "Shape"; }
+  // A large outline is mostly a hole, through which others are painted again and again.
+  void damageOwn() override {
+    const Rect inside = hole();
+    // Under a scaling, edges are soft, and not the same where they are painted in parts.
+    const bool scaled = toWindow(Rect{0, 0, 1, 1}).width != 1;
+    if (isSmall(inside) || scaled) return LeafNode::damageOwn();
+    for (const Rect& edge : around(inside, inked())) tree().damage(*this, edge);
+  }
+  void paint(PaintPass& pass, Point origin) override {
+    const Rect inside = hole();
+    const auto edges = around(inside, inked());
+    const auto met = [&](const Rect& edge) { return pass.meets(edge.offsetBy(origin)); };
+    if (!isSmall(inside) && std::none_of(edges.begin(), edges.end(), met)) return;
+    LeafNode::paint(pass, origin);
+  }
   // An outline alone is an ornament: what lies inside of it is pressed through it.
   bool hitTest(Point point, HitPath& path) override {
     return (shape().fill_ || !shape().stroke_) && LeafNode::hitTest(point, path);
@@ -38,16 +67,43 @@ class ShapeNode final : public LeafNode {
   void record(Piece& piece) override;
   // An outline of points may lead out of the frame.
   Rect ownBounds() const override {
-    const ShapeView& s = shape();
-    if (s.kind_ != ShapeView::Kind::path) return localBounds();
-    const double line = s.stroke_ ? s.style_.lineWidth : 0;
-    return unite(localBounds(), s.path_->bounds().insetBy(-sanitized(line) / 2));
+    return isFree() ? unite(localBounds(), inked()) : localBounds();
   }
 
  private:
   const ShapeView& shape() const { return static_cast<const Value&>(*view().value()).value; }
+  bool isFree() const { return shape().kind_ == ShapeView::Kind::path; }
+  // All that is drawn.
+  Rect inked() const {
+    if (!isFree()) return localBounds();
+    const double line = shape().stroke_ ? shape().style_.lineWidth : 0;
+    return shape().path_->bounds().insetBy(-sanitized(line) / 2);
+  }
+  Rect hole() const;
   void recordFill(Piece& piece, const Paint& paint) const;
 };
+
+// Where an outline draws nothing, as far as that is a rectangle.
+Rect ShapeNode::hole() const {
+  const ShapeView& s = shape();
+  if (s.fill_ || !s.stroke_) return {};
+  // A canvas may move a line to the next pixel.
+  const Rect all = inked().insetBy(sanitized(s.style_.lineWidth) + 1);
+  const double half = std::min(all.width, all.height) / 2;
+  switch (s.kind_) {
+    case ShapeView::Kind::rectangle:
+      return all;
+    case ShapeView::Kind::path:
+      return s.path_->isRect() ? all : Rect{};
+    case ShapeView::Kind::roundedRectangle:
+      // As far as a corner's bend reaches along the sides.
+      return all.insetBy(std::min(2 * s.radius_, half));
+    case ShapeView::Kind::capsule:
+    case ShapeView::Kind::circle:
+      return {};
+  }
+  return {};
+}
 
 void ShapeNode::recordFill(Piece& piece, const Paint& paint) const {
   const ShapeView& s = shape();

@@ -9,6 +9,7 @@
 #include <zqswiftui/platform/toolkit/geometry_reader.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/layout.hpp>
+#include <zqswiftui/platform/toolkit/localized_texts.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/platform/toolkit/progress_view.hpp>
 #include <zqswiftui/platform/toolkit/scroll_view.hpp>

@@ -177,6 +177,13 @@ bool ViewHost::accessibilityFocus(std::uint64_t id) {
   tree_->focus().set(node, FocusController::Ring::shown);
   return true;
 }
+void ViewHost::accessibilitySetNumber(std::uint64_t id, double number) {
+  std::vector<Node*> around;  // the outermost one that says something of it is heard
+  for (Node* node = findNode(tree_->root(), id); node; node = node->parent()) {
+    around.push_back(node);
+  }
+  while (!around.empty() && !around.back()->setNumber(id, number)) around.pop_back();
+}
 bool ViewHost::accessibilitySetValue(std::uint64_t id, const std::string& value) {
   Node* node = inputNode(*tree_, id);
   if (!node || !node->responder()->isTextField()) return false;

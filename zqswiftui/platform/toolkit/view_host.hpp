@@ -118,6 +118,8 @@ class ViewHost {
   std::uint64_t accessibilityVersion() const;
   bool accessibilityPress(std::uint64_t id);
   bool accessibilityFocus(std::uint64_t id);
+  // Where the element is adjustable; brought between the number's ends.
+  void accessibilitySetNumber(std::uint64_t id, double number);
   bool accessibilitySetValue(std::uint64_t id, const std::string& value);
 
   // The whole display list, one command a line, groups indented.

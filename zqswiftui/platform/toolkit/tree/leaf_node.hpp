@@ -18,6 +18,7 @@ class LeafNode : public Node {
   using Node::Node;
   void paint(PaintPass& pass, Point origin) override;
   void invalidatePicture() override;
+  void damageAll() final { damageOwn(); }
   bool hitTest(Point point, HitPath& path) override {
     if (!localBounds().contains(point)) return false;
     path.push_back({this, point});

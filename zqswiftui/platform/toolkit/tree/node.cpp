@@ -131,7 +131,7 @@ void Node::noteMove(const Rect& next, bool resized) {
   const bool moved = placed_ && next.origin() != frame_.origin();
   const bool other = moved || (resized && sizeShapesContent());
   if (placed_ && other) damageAll();
-  if (placed_ && !other && resized) tree_.damage(*this, ownBounds());
+  if (placed_ && !other && resized) damageOwn();
   if (moved) turnTo(next.origin());
   const bool whole = other || !placed_;
   frame_ = next;
@@ -229,7 +229,8 @@ void Node::invalidateBounds() {
 }
 
 void Node::damageAll() {
-  tree_.damage(*this, bounds());
+  Node* inside = ownBounds().empty() ? soleInk() : nullptr;
+  inside ? inside->damageAll() : tree_.damage(*this, bounds());
 }
 
 void Node::damageOwn() {

@@ -130,8 +130,8 @@ class Node {
   PlayState playState(const PaintPass& pass, Point origin) const;
   const Rect& bounds();  // all that is painted in here
   void invalidateBounds();
-  void damageAll();  // all that is painted in here is to be painted again
-  void damageOwn();  // what this node paints itself
+  virtual void damageAll();  // all that is painted in here is to be painted again
+  virtual void damageOwn();  // what this node paints itself
   void endMotion() { motion_.reset(); }
   // This node draws something else from now on.
   virtual void invalidatePicture() { damageAll(); }
@@ -161,6 +161,8 @@ class Node {
   virtual const std::string* identifier() const { return nullptr; }  // the id it was given
   // What this subtree tells a screen reader, added to the list.
   virtual void describe(std::vector<AccessibilityNode>& out);
+  // Sets the number of that element where it is this node that tells it; whether it is.
+  virtual bool setNumber(std::uint64_t /*element*/, double /*number*/) { return false; }
   virtual std::string accessibleText();  // of all texts inside, joined by blanks
   virtual std::string symbolText();      // a name made from the first symbol inside
 
@@ -175,6 +177,9 @@ class Node {
   virtual void childInvalidated(Node& /*child*/) {}
   virtual Rect computeBounds();
   virtual Rect ownBounds() const { return {}; }
+  // A child that paints all that is painted in here, and may know of a part where it paints
+  // nothing.
+  virtual Node* soleInk() const { return nullptr; }
   // In another size all inside of it looks otherwise: it is cut off, or scaled about the middle.
   virtual bool sizeShapesContent() const { return false; }
   const ProposedSize& proposal() const { return proposal_; }

@@ -1,0 +1,30 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <zqswiftui/platform/toolkit/context.hpp>
+
+namespace zq {
+
+// The host's own texts for those that a component brings, such as the separators of a timecode, by
+// the text that they replace. What is not in it stays as it is.
+//   view.environment<LocalizedTextsKey>(
+//       std::make_shared<const LocalizedTexts>(LocalizedTexts{{".", ","}}))
+using LocalizedTexts = std::unordered_map<std::string, std::string>;
+
+struct LocalizedTextsKey {
+  using Value = std::shared_ptr<const LocalizedTexts>;  // may be null
+  static Value defaultValue() { return {}; }
+};
+
+// While a body runs, which is run again when the host gives others.
+inline std::string localized(Context& context, const std::string& text) {
+  const auto texts = context.environment<LocalizedTextsKey>();
+  if (!texts) return text;
+  const auto found = texts->find(text);
+  return found == texts->end() ? text : found->second;
+}
+
+}  // namespace zq

@@ -48,6 +48,9 @@ xdotool key Left shift+Down
 until_true heard "kept x 0.3475 y 0.4, 0.5 by 0.5"
 xdotool key Tab shift+Right
 until_true heard "kept x 0.3475 y 0.4, 0.4275 by 0.35"
+read -r x y <<<"$(place "Lower right corner")"
+drag $((x + 10 + 9)) $((y - 9)) -40 -20  # where the key has put it
+until_true heard "kept x 0.3475 y 0.4, 0.3275 by 0.25"
 
 # Another process reads where it is.
 spoken() { "$bin/accessibility_reader" canvas_probe 2>/dev/null | grep -qF "slider 'Rectangle' x 0 y 0, 880 by 480"; }

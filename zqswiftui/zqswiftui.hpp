@@ -24,6 +24,17 @@
 #include <zqswiftui/controls/zq_progress_bar_view.hpp>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
+#include <zqswiftui/files/drop_acceptance.hpp>
+#include <zqswiftui/files/zq_app_drag_area_with_name_view.hpp>
+#include <zqswiftui/files/zq_drag_and_upload_image_area_view.hpp>
+#include <zqswiftui/files/zq_drag_image_area_view.hpp>
+#include <zqswiftui/files/zq_file_drag_area_view.hpp>
+#include <zqswiftui/files/zq_file_drag_area_with_label.hpp>
+#include <zqswiftui/files/zq_file_drag_area_with_name_view.hpp>
+#include <zqswiftui/files/zq_folder_drag_area_view.hpp>
+#include <zqswiftui/files/zq_multiple_files_drag_area_view.hpp>
+#include <zqswiftui/files/zq_sub_file_image_well_view.hpp>
+#include <zqswiftui/files/zq_text_drag_area_view.hpp>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/zq_an_image.hpp>
 #include <zqswiftui/images/zq_cached_image.hpp>

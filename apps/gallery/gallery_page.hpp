@@ -33,6 +33,7 @@
   PAGE(deferred_images)        \
   PAGE(frame_animation)        \
   PAGE(pasteboard_image)       \
+  PAGE(drop_areas)             \
   PAGE(text)                   \
   PAGE(stacks)                 \
   PAGE(shapes)                 \

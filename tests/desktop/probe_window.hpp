@@ -39,23 +39,36 @@ inline void act(const std::string& line, qt::HostWidget& window) {
   }
 }
 
-// Shows the view until "quit" comes; further commands are "places", "size", "cursor" and
-// "grab FILE".
-inline int show(int argc, char** argv, View root, QSize size) {
+// Commands of one probe alone.
+using Further = std::function<void(const std::string& line)>;
+
+// Shows a window until "quit" comes; further commands are "places", "size", "cursor", "grab FILE",
+// and those that `fill`, which gives the window its view, answers.
+inline int show(int argc, char** argv, const char* title, QSize size, QPoint at,
+                const std::function<Further(qt::HostWidget&)>& fill) {
   QApplication app(argc, argv);
   const qt::Platform platform(app);
-  qt::HostWidget window{std::move(root)};
-  window.setWindowTitle("PROBE");
-  window.resize(size);
+  qt::HostWidget window{View()};
+  const Further further = fill(window);
+  window.setWindowTitle(QString::fromLatin1(title));
+  window.setGeometry({at, size});
   window.show();
   QSocketNotifier input(0, QSocketNotifier::Read);
   QObject::connect(&input, &QSocketNotifier::activated, &app, [&] {
     std::string line;
     if (!std::getline(std::cin, line) || line == "quit") return QApplication::quit();
     act(line, window);
+    if (further) further(line);
   });
   QTimer::singleShot(0, [] { say("ready"); });
   return QApplication::exec();
+}
+
+inline int show(int argc, char** argv, View root, QSize size) {
+  return show(argc, argv, "PROBE", size, {}, [&root](qt::HostWidget& window) {
+    window.setRoot(std::move(root));
+    return Further();
+  });
 }
 
 }  // namespace zq::probe

@@ -27,7 +27,7 @@ struct Seen {
   int pressed = 0;
   bool hovered = false;
   std::string submitted;
-  std::vector<std::string> dropped;
+  std::size_t dropped = 0;
 };
 
 // A counter, a field under a text that shows it, and a second button.
@@ -223,7 +223,7 @@ TEST(HostWidget, dropsReachTheViewWithTheirTypes) {
   HostWidget host(Text("Drop here")
                       .frame(200, 100)
                       .onDrop({{"public.file-url"}, nullptr, [seen](const DropInfo& info) {
-                                 seen->dropped = info.urls;
+                                 seen->dropped = info.items.size();
                                  return true;
                                }}));
   host.resize(200, 100);
@@ -237,7 +237,7 @@ TEST(HostWidget, dropsReachTheViewWithTheirTypes) {
               {"https://example.org/", nullptr, false},
               {nullptr, "words", false}};
   for (const auto& row : rows) {
-    seen->dropped.clear();
+    seen->dropped = 0;
     QMimeData data;
     if (row.uri) data.setData(QStringLiteral("text/uri-list"), QByteArray(row.uri) + "\r\n");
     if (row.text) data.setText(QString::fromLatin1(row.text));
@@ -246,7 +246,7 @@ TEST(HostWidget, dropsReachTheViewWithTheirTypes) {
     QDropEvent drop({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&host, &drop);
     EXPECT_EQ(drop.isAccepted(), row.taken) << (row.uri ? row.uri : row.text);
-    EXPECT_EQ(seen->dropped.size(), row.taken ? 1U : 0U);
+    EXPECT_EQ(seen->dropped, row.taken ? 1U : 0U);
   }
 }
 

@@ -169,8 +169,9 @@ TEST(Drop, takesOnlyItsTypesAndSaysWhenItIsMeant) {
   DropTarget target{{"public.url"}, {}, {}};
   target.onTargeted = [log](bool inside) { *log += inside ? "over " : "away "; };
   target.onDrop = [log](const DropInfo& info) {
-    *log += describe(Rect{info.location.x, info.location.y, 0, 0}) + ' ' + info.urls.at(0) + ' ';
-    return info.urls.at(0) != "bad";
+    *log += describe(Rect{info.location.x, info.location.y, 0, 0}) + ' ';
+    for (const auto& item : info.items) *log += item->types().front() + ' ';
+    return info.items.size() != 2;
   };
   Harness h(Rectangle().frame(40, 40).onDrop(target), {100, 100});
   EXPECT_FALSE(h.dragOver({50, 50}, {.types = {"public.png"}}));
@@ -179,9 +180,17 @@ TEST(Drop, takesOnlyItsTypesAndSaysWhenItIsMeant) {
   EXPECT_TRUE(h.dragOver({50, 50}, {.types = {"public.png", "public.url"}}));
   h.dragOver({5, 5}, {.types = {"public.url"}});
   EXPECT_EQ(taken(log), "over away ");
-  EXPECT_TRUE(h.drop({40, 50}, {.types = {"public.url"}, .urls = {"good"}}));
-  EXPECT_EQ(taken(log), "over away 10,20 0x0 good ");
-  EXPECT_FALSE(h.drop({40, 50}, {.types = {"public.url"}, .urls = {"bad"}}));
+  EXPECT_TRUE(h.drop({40, 50}, draggedUrls({"a:b"})));
+  EXPECT_EQ(taken(log), "over away 10,20 0x0 public.url ");
+  EXPECT_FALSE(h.drop({40, 50}, draggedUrls({"a:b", "file:///c"})));
+  EXPECT_EQ(taken(log), "over away 10,20 0x0 public.url public.file-url ");
+  DragItems mixed = draggedText("words");
+  mixed.push_back(draggedUrls({"a:b"}).front());
+  EXPECT_TRUE(h.drop({40, 50}, mixed));
+  EXPECT_EQ(taken(log), "over away 10,20 0x0 public.url ") << "only items of its types reach it";
+  const DropInfo offer{{40, 50}, {"public.png", "public.url"}};
+  EXPECT_EQ(h.host().dropTypes(offer), std::vector<std::string>{"public.url"});
+  EXPECT_TRUE(h.host().dropTypes({{5, 5}, {"public.url"}}).empty());
 }
 
 TEST(Scroll, byWheelKeysAndFocusAndKeepsItsPlace) {

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <apps/gallery/gallery_page.hpp>
 #include <apps/gallery/gallery_style.hpp>
+#include <zqswiftui/platform/base/work.hpp>
 
 namespace zq::gallery {
 namespace {
@@ -46,8 +47,15 @@ struct Gestures {
         .onTargeted = [targeted](bool over) { targeted.set(over); },
         .onDrop =
             [dropped](const DropInfo& info) {
-              dropped.set(
-                  info.urls.empty() ? info.text : info.urls.front());
+              if (info.items.empty()) return false;
+              const auto& item = info.items.front();
+              item->load(item->types().front(),
+                  [dropped](const std::optional<Bytes>& bytes) {
+                    XMain::execute([dropped, bytes] {
+                      if (!bytes) return;
+                      dropped.set({bytes->begin(), bytes->end()});
+                    });
+                  });
               return true;
             }};
     return cards({

@@ -359,8 +359,7 @@ bool Harness::wheel(Point point, double deltaX, double deltaY) {
 
 bool Harness::dragOver(Point point, DropInfo info) {
   info.location = point;
-  info.urls.clear();
-  info.text.clear();
+  info.items.clear();
   return finish(host_->dragMoved(info));
 }
 
@@ -373,6 +372,14 @@ bool Harness::drop(Point point, DropInfo info) {
   dragOver(point, info);
   info.location = point;
   return finish(host_->drop(info));
+}
+
+bool Harness::drop(Point point, DragItems items) {
+  DropInfo info{point, {}, std::move(items)};
+  for (const auto& item : info.items) {
+    for (std::string& type : item->types()) info.types.push_back(std::move(type));
+  }
+  return drop(point, std::move(info));
 }
 
 bool Harness::key(Key key, Modifiers modifiers) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#include <zqswiftui/platform/base/drag_items.hpp>
 #include <zqswiftui/platform/headless/headless_platform.hpp>
 #include <zqswiftui/platform/headless/recording_canvas.hpp>
 #include <zqswiftui/platform/toolkit/view_host.hpp>
@@ -93,6 +94,7 @@ class Harness : private HostDelegate {
   bool dragOver(Point point, DropInfo info);
   void dragLeave();
   bool drop(Point point, DropInfo info);
+  bool drop(Point point, DragItems items);  // of draggedUrls or draggedText
 
   // --- Keyboard. Each answers whether something took it. ---
   bool key(Key key, Modifiers modifiers = {});

@@ -1,21 +1,27 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <memory>
+#include <utility>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/file_dialogs.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq::qt {
 namespace {
 
 using Kind = FileDialogRequest::Kind;
 
+// A pattern cannot hold what would end it.
 QString filterOf(const std::vector<std::string>& extensions) {
   QStringList patterns;
   for (const std::string& extension : extensions) {
+    if (extension.empty() || extension.find_first_of(" \t\n;()") != std::string::npos) continue;
     patterns.push_back(QStringLiteral("*.") + toQString(extension));
   }
-  return QStringLiteral("(%1)").arg(patterns.join(u' '));
+  return patterns.isEmpty() ? QString() : QStringLiteral("(%1)").arg(patterns.join(u' '));
 }
 
 void setKind(QFileDialog& dialog, const FileDialogRequest& request) {
@@ -46,6 +52,24 @@ void setStart(QFileDialog& dialog, const QString& path) {
   dialog.selectFile(info.fileName());
 }
 
+// Gives one answer, however often it is asked to; later, when the dialog is done with itself.
+class Answer {
+ public:
+  explicit Answer(std::function<void(std::vector<std::string>)> answer)
+      : answer_(std::move(answer)) {}
+
+  void give(const QStringList& files) {
+    const auto answer = std::exchange(answer_, nullptr);
+    if (!answer || !zq::Platform::installed()) return;
+    std::vector<std::string> paths;
+    for (const QString& path : files) paths.push_back(QFile::encodeName(path).toStdString());
+    zq::Platform::current().mainQueue().post([answer, paths = std::move(paths)] { answer(paths); });
+  }
+
+ private:
+  std::function<void(std::vector<std::string>)> answer_;
+};
+
 }  // namespace
 
 void FileDialogs::show(FileDialogRequest request,
@@ -56,18 +80,16 @@ void FileDialogs::show(FileDialogRequest request,
   const std::string& title = request.title.empty() ? request.message : request.title;
   if (!title.empty()) dialog->setWindowTitle(toQString(title));
   setKind(*dialog, request);
-  if (!request.extensions.empty()) dialog->setNameFilter(filterOf(request.extensions));
+  if (const QString filter = filterOf(request.extensions); !filter.isEmpty()) {
+    dialog->setNameFilter(filter);
+  }
   setStart(*dialog, toQString(request.defaultPath));
-  QObject::connect(dialog, &QFileDialog::finished, dialog,
-                   [dialog, answer = std::move(answer)](int result) {
-                     std::vector<std::string> paths;
-                     if (result == QDialog::Accepted) {
-                       for (const QString& path : dialog->selectedFiles()) {
-                         paths.push_back(path.toStdString());
-                       }
-                     }
-                     if (answer) answer(std::move(paths));
-                   });
+  // The dialog also goes with the window that it stands over, and then nothing was chosen.
+  const auto told = std::make_shared<Answer>(std::move(answer));
+  QObject::connect(dialog, &QFileDialog::finished, dialog, [dialog, told](int result) {
+    told->give(result == QDialog::Accepted ? dialog->selectedFiles() : QStringList());
+  });
+  QObject::connect(dialog, &QObject::destroyed, [told] { told->give({}); });
   dialog->open();
 }
 

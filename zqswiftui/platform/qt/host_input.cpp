@@ -6,9 +6,7 @@
 #include <QDropEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QMouseEvent>
-#include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
@@ -16,17 +14,15 @@
 #include <string>
 #include <utility>
 #include <zqswiftui/platform/qt/conversions.hpp>
+#include <zqswiftui/platform/qt/drop_offer.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
-#include <zqswiftui/platform/services/drag_data.hpp>
 
 namespace zq::qt {
 namespace {
 
 // Qt counts a wheel in eighths of a degree, 120 for a notch; a notch scrolls by 48 points.
 constexpr double kPointsPerEighth = 48.0 / 120.0;
-constexpr qsizetype kMaxDroppedUrls = 10000;
-constexpr qsizetype kMaxDroppedText = qsizetype{16} << 20;
 
 constexpr std::array<std::pair<int, Key>, 16> kKeys{{
     {Qt::Key_Tab, Key::tab},
@@ -79,31 +75,12 @@ std::optional<KeyEvent> toKeyEvent(const QKeyEvent& event) {
 
 // The types alone: the data is fetched when it is dropped.
 DropInfo offered(const QDropEvent& event) {
-  DropInfo info;
-  info.location = toPoint(event.position());
-  if (event.mimeData()->hasFormat(QStringLiteral("text/uri-list"))) {
-    info.types = {std::string(dragTypeFileUrl), std::string(dragTypeUrl)};
-  }
-  if (event.mimeData()->hasFormat(QStringLiteral("text/plain"))) {
-    info.types.emplace_back(dragTypeText);
-  }
-  return info;
+  return {toPoint(event.position()), offeredTypes(*event.mimeData())};
 }
 
-DropInfo dropped(const QDropEvent& event) {
-  DropInfo info = offered(event);
-  const QList<QUrl> urls = event.mimeData()->urls();
-  bool files = false;
-  for (const QUrl& url : urls.first(std::min(urls.size(), kMaxDroppedUrls))) {
-    if (!url.isValid() || url.isRelative()) continue;  // a comment of the list, or no URL
-    files = files || url.isLocalFile();
-    info.urls.push_back(url.toEncoded().toStdString());
-  }
-  if (!files) std::erase(info.types, dragTypeFileUrl);
-  if (event.mimeData()->hasFormat(QStringLiteral("text/plain"))) {
-    info.text = event.mimeData()->text().left(kMaxDroppedText).toStdString();
-  }
-  return info;
+bool hasFile(const DragItems& items) {
+  return std::any_of(items.begin(), items.end(),
+                     [](const auto& item) { return item->types().front() == dragTypeFileUrl; });
 }
 
 bool byKeyboard(Qt::FocusReason reason) {
@@ -213,7 +190,11 @@ void HostWidget::dragLeaveEvent(QDragLeaveEvent*) {
 }
 
 void HostWidget::dropEvent(QDropEvent* event) {
-  const bool taken = host_->drop(dropped(*event));
+  DropInfo info = offered(*event);
+  info.items = offeredItems(*event->mimeData(), host_->dropTypes(info));
+  // The list that promised files may hold pages alone.
+  if (!info.items.empty() && !hasFile(info.items)) std::erase(info.types, dragTypeFileUrl);
+  const bool taken = host_->drop(info);
   event->setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
   event->setAccepted(taken);
 }

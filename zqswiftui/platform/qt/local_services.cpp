@@ -9,10 +9,6 @@ constexpr std::size_t kMaxDocuments = 100;
 
 }  // namespace
 
-void NoDragData::begin(DragItems, std::function<void(DropResult)> ended) {
-  if (ended) queue_.post([ended = std::move(ended)] { ended(DropResult::refused); });
-}
-
 void SessionDocuments::list(std::function<void(std::vector<std::string>)> answer) {
   if (!answer) return;
   queue_.post([this, answer = std::move(answer)] { answer(urls_); });

@@ -6,6 +6,7 @@
 #include <zqswiftui/platform/qt/bus_notifications.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
 #include <zqswiftui/platform/qt/downloads.hpp>
+#include <zqswiftui/platform/qt/drag_data.hpp>
 #include <zqswiftui/platform/qt/file_dialogs.hpp>
 #include <zqswiftui/platform/qt/image_codec.hpp>
 #include <zqswiftui/platform/qt/local_services.hpp>
@@ -50,7 +51,7 @@ class Platform final : public zq::Platform {
   MainQueue mainQueue_;
   BusNotifications notifications_{mainQueue_};
   Pasteboard pasteboard_{mainQueue_};
-  NoDragData dragData_{mainQueue_};
+  DragData dragData_{mainQueue_};
   FileDialogs fileDialogs_;
   SessionDocuments recentDocuments_{mainQueue_};
   Workspace workspace_;

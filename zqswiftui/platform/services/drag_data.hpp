@@ -20,8 +20,9 @@ class DragItem {
  public:
   virtual ~DragItem() = default;
   virtual std::vector<std::string> types() const = 0;
-  // Answers later, on any thread: a URL as its percent-encoded text, a text as UTF-8; absent
-  // where the type is not offered or the source fails.
+  // Any thread. Answers once, on any thread, and perhaps before it returns: a URL as its
+  // percent-encoded text, a text as UTF-8; absent where the type is not offered or the source
+  // fails. What was dropped on a window may take its time to decode, so not the interface thread.
   virtual void load(std::string_view type,
                     std::function<void(std::optional<Bytes>)> answer) const = 0;
 };

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/services/drag_data.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 
 namespace zq {
@@ -60,12 +61,11 @@ enum class Cursor : unsigned char {
   grab
 };
 
-// What a drag over the window carries. Data is read when it is dropped, not before.
+// What a drag over the window carries.
 struct DropInfo {
   Point location{};                  // in points of the view that takes it
   std::vector<std::string> types{};  // "public.file-url", "public.url", "public.utf8-plain-text"
-  std::vector<std::string> urls{};   // empty until the drop
-  std::string text{};                // empty until the drop
+  DragItems items{};  // none until the drop; then those of a type that the view takes
 };
 
 // A place to drop: `types` lists what is taken.

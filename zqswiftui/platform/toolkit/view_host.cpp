@@ -119,11 +119,17 @@ bool ViewHost::focusNext(bool backwards) {
   return tree_->focus().next(backwards);
 }
 
+void ViewHost::cancelGestures() {
+  tree_->pointer().cancelGestures();
+}
 bool ViewHost::dragMoved(const DropInfo& info) {
   return tree_->pointer().dragMoved(info);
 }
 void ViewHost::dragLeft() {
   tree_->pointer().dragLeft();
+}
+std::vector<std::string> ViewHost::dropTypes(const DropInfo& info) const {
+  return tree_->pointer().dropTypes(info);
 }
 bool ViewHost::drop(const DropInfo& info) {
   return tree_->pointer().drop(info);

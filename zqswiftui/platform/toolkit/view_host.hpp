@@ -97,6 +97,8 @@ class ViewHost {
   bool pointerUp(Point position, PointerButton button, Modifiers = {});
   void pointerLeft();
   bool wheel(const WheelEvent& event);
+  // What is pressed or dragged is taken away: the host begins a drag out of its window.
+  void cancelGestures();
   bool key(const KeyEvent& event);
   // The window's focus came or went; entering by Tab puts it on the first or last place.
   void focusIn(bool fromKeyboard = false, bool last = false);
@@ -105,6 +107,8 @@ class ViewHost {
   bool focusNext(bool backwards);
   bool dragMoved(const DropInfo& info);  // whether it would be taken here
   void dragLeft();
+  // Those of the types that would be taken here; no other data need be asked for.
+  std::vector<std::string> dropTypes(const DropInfo& info) const;
   bool drop(const DropInfo& info);
 
   // Native text fields, in the order of the tree; the host compares with what it has.

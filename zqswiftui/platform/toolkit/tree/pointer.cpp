@@ -9,8 +9,18 @@
 namespace zq {
 namespace {
 
-bool contains(const std::vector<Node*>& nodes, const Node* node) {
-  return std::find(nodes.begin(), nodes.end(), node) != nodes.end();
+template <class T, class U>
+bool contains(const std::vector<T>& all, const U& one) {
+  return std::find(all.begin(), all.end(), one) != all.end();
+}
+
+// Those of the types that the target takes, in their order.
+std::vector<std::string> typesFor(const DropTarget& target, const std::vector<std::string>& types) {
+  std::vector<std::string> taken;
+  for (const std::string& type : types) {
+    if (contains(target.types, type)) taken.push_back(type);
+  }
+  return taken;
 }
 
 // The node's responder, where the node is not disabled.
@@ -208,14 +218,18 @@ Node* PointerController::dropNode(const DropInfo& info, Point& local) const {
   for (const Hit& h : hit(info.location)) {
     const Responder* r = enabledResponder(*h.node);
     const DropTarget* target = r ? r->dropTarget() : nullptr;
-    if (!target) continue;
-    for (const std::string& type : target->types) {
-      if (std::find(info.types.begin(), info.types.end(), type) == info.types.end()) continue;
-      local = h.point;
-      return h.node;
-    }
+    if (!target || typesFor(*target, info.types).empty()) continue;
+    local = h.point;
+    return h.node;
   }
   return nullptr;
+}
+
+std::vector<std::string> PointerController::dropTypes(const DropInfo& info) const {
+  Point local;
+  Node* node = dropNode(info, local);
+  if (!node) return {};
+  return typesFor(*node->responder()->dropTarget(), info.types);
 }
 
 void PointerController::setTargeted(Node* node) {
@@ -249,8 +263,9 @@ bool PointerController::drop(const DropInfo& info) {
   bool taken = false;
   if (node) {
     const DropTarget target = *node->responder()->dropTarget();
-    DropInfo here = info;
-    here.location = local;
+    DropInfo here{local, info.types, info.items};
+    std::erase_if(here.items,
+                  [&](const auto& item) { return typesFor(target, item->types()).empty(); });
     taken = target.onDrop && target.onDrop(here);
   }
   refresh();

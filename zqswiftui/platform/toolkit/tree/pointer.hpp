@@ -22,6 +22,7 @@ class PointerController {
   bool wheel(const WheelEvent& event);
   bool dragMoved(const DropInfo& info);
   void dragLeft();
+  std::vector<std::string> dropTypes(const DropInfo& info) const;
   bool drop(const DropInfo& info);
 
   void setWindowActive(bool active);

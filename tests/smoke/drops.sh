@@ -1,0 +1,135 @@
+#!/usr/bin/env bash
+# Real drags from one process to another, ten times each: a file, several, a folder, a bundle, a
+# text, something of no known type, one that comes and goes, and one onto a window that is closed
+# meanwhile. And the file dialog, driven by the keyboard.
+set -euo pipefail
+bin=$1
+for program in Xvfb xdotool; do
+  command -v "$program" >/dev/null || exit 77
+done
+[[ -x $bin/drop_probe ]] || exit 77
+export DBUS_SESSION_BUS_ADDRESS=disabled:
+# shellcheck source=tests/smoke/display.bash
+source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
+rounds=${ROUNDS:-10}
+
+files=$home/files
+mkdir -p "$files/folder" "$files/Tool.app"
+touch "$files/a b.txt" "$files/é.png" "$files/100%#.txt" "$files/chosen.txt"
+
+mkfifo "$home/in2"
+"$bin/drop_probe" source "$files" <"$home/in2" >"$home/source.out" 2>"$home/err2" &
+pids+=($!)
+exec 7>"$home/in2"
+told() { grep -qxF -- "$1" "$home/source.out"; }
+until_true told ready
+source_window=$(xdotool search --sync --onlyvisible --name '^SOURCE$')
+echo places >&7
+until_true grep -q '^at unknown' "$home/source.out"
+
+start_probe "drop_probe" AREAS
+find_places text
+
+number=0
+pick_up() {  # WHAT: until the drag is under way
+  number=$((number + 1))
+  local x y
+  read -r x y <<<"$(sed -n "s/^at $1 //p" "$home/source.out")"
+  xdotool mousemove --window "$source_window" "$x" "$y" mousedown 1
+  until_true nudged "dragging $number"
+}
+# Moves the pointer to and fro, by more than the ten points that make a drag.
+by=12
+nudged() {
+  by=$((-by))
+  xdotool mousemove_relative -- "$by" 0
+  told "$1"
+}
+carry_to() {  # WINDOW X Y
+  xdotool mousemove --window "$1" "$2" "$3"
+  until_true nudged "over $number taken"
+}
+let_go() {  # HOW it ends
+  xdotool mouseup 1
+  until_true told "ended $number $1"
+}
+drop() {  # WHAT AREA
+  pick_up "$1"
+  # shellcheck disable=SC2046
+  carry_to "$window" $(place "$2")
+  let_go copied
+}
+lines() { grep -cE '^(file|many|folder|bundle|text) ' "$home/out" || true; }
+
+for ((round = 1; round <= rounds; round++)); do
+  drop one file
+  until_true heard "file a b.txt" "$round"
+  drop three many
+  until_true heard "many [a b.txt] [é.png] [100%#.txt]" "$round"
+  drop plain folder
+  until_true heard "folder folder" "$round"
+  drop app bundle
+  until_true heard "bundle Tool.app" "$round"
+  drop words text
+  until_true heard "text grün & 2" "$round"
+
+  before=$(lines)
+  pick_up unknown
+  move file
+  for _ in 1 2 3 4; do nudged never || true; done
+  let_go refused
+
+  pick_up one
+  # shellcheck disable=SC2046
+  carry_to "$window" $(place file)
+  xdotool mousemove 1200 700
+  until_true nudged "over $number nothing"
+  let_go refused
+
+  echo open >&6
+  until_true heard "did open" "$round"
+  further=$(xdotool search --sync --onlyvisible --name '^FURTHER$')
+  pick_up one
+  # shellcheck disable=SC2046
+  carry_to "$further" $(place file)
+  echo close >&6
+  until_true heard "did close" "$round"
+  let_go refused
+  if [[ $(lines) != "$before" ]]; then
+    echo "something was dropped that should not be" >&2
+    exit 1
+  fi
+done
+
+focus() { xdotool windowfocus --sync "$1"; }
+dialog() {  # TITLE: until it is there and has the focus
+  focus "$(xdotool search --sync --onlyvisible --name "^$1\$")"
+}
+gone() { ! xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
+focus "$window"
+xdotool key Tab space
+dialog Open
+xdotool type --delay 15 "$files/chosen.txt"
+xdotool key Return
+until_true heard "file chosen.txt"
+until_true gone Open
+before=$(lines)
+focus "$window"
+xdotool key Return
+dialog Open
+xdotool key Escape
+until_true gone Open
+focus "$window"
+xdotool key Tab Return
+dialog "Choose Folder"
+xdotool type --delay 15 "$files/folder"
+xdotool key Return
+until_true heard "folder folder" $((rounds + 1))
+if [[ $(lines) != $((before + 1)) ]]; then
+  echo "a dialog that was cancelled told something" >&2
+  exit 1
+fi
+if [[ -n ${ZQ_KEEP:-} ]]; then grab "$ZQ_KEEP/drops.png"; fi
+echo quit >&6
+echo quit >&7
+echo "$rounds of $rounds drags of each kind, and dialogs by keyboard"

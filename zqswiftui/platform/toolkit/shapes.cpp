@@ -50,9 +50,11 @@ class ShapeNode final : public LeafNode {
   }
   void paint(PaintPass& pass, Point origin) override {
     const Rect inside = hole();
-    const auto edges = around(inside, inked());
-    const auto met = [&](const Rect& edge) { return pass.meets(edge.offsetBy(origin)); };
-    if (!isSmall(inside) && std::none_of(edges.begin(), edges.end(), met)) return;
+    if (!isSmall(inside)) {
+      const auto edges = around(inside, inked());
+      const auto met = [&](const Rect& edge) { return pass.meets(edge.offsetBy(origin)); };
+      if (std::none_of(edges.begin(), edges.end(), met)) return;
+    }
     LeafNode::paint(pass, origin);
   }
   // An outline alone is an ornament: what lies inside of it is pressed through it.
@@ -86,15 +88,14 @@ class ShapeNode final : public LeafNode {
 // Where an outline draws nothing, as far as that is a rectangle.
 Rect ShapeNode::hole() const {
   const ShapeView& s = shape();
-  if (s.fill_ || !s.stroke_) return {};
+  if (s.fill_ || !s.stroke_ || (isFree() && !s.path_->isRect())) return {};
   // A canvas may move a line to the next pixel.
   const Rect all = inked().insetBy(sanitized(s.style_.lineWidth) + 1);
   const double half = std::min(all.width, all.height) / 2;
   switch (s.kind_) {
     case ShapeView::Kind::rectangle:
-      return all;
     case ShapeView::Kind::path:
-      return s.path_->isRect() ? all : Rect{};
+      return all;
     case ShapeView::Kind::roundedRectangle:
       // As far as a corner's bend reaches along the sides.
       return all.insetBy(std::min(2 * s.radius_, half));

@@ -93,9 +93,14 @@ TEST(Image, theLongerSideBecomesTheGivenSize) {
     EXPECT_EQ(resized->height(), row.height);
     EXPECT_EQ(resized->pixels().rgba, Bytes(resized->pixels().rgba.size(), 200));
   }
-  for (const double side : {0.0, -1.0, 1e9, std::numeric_limits<double>::quiet_NaN()}) {
+  for (const double side : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
     EXPECT_FALSE(image->resizeWithMaxSide(side)) << side;
   }
+  for (const double side : {16385.0, 1e9, std::numeric_limits<double>::infinity()}) {
+    EXPECT_EQ(image->resizeWithMaxSide(side), image) << side;
+  }
+  const auto long_ = ZQImage::fromPixels({20000, 1, Bytes(80000)});
+  EXPECT_EQ(long_->resizeWithMaxSide(19000)->width(), 19000) << "it does not grow";
   EXPECT_FALSE(ZQImage::fromPixels({2, 2, Bytes(15)}));
   EXPECT_FALSE(ZQImage::fromPixels({-2, -2, Bytes(16)}));
 }

@@ -3,7 +3,9 @@
 
 #include <string>
 #include <tests/images/pictures.hpp>
+#include <zqswiftui/platform/base/image_cache.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/base/zq_pasteboard.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 
 namespace zq {
@@ -39,6 +41,7 @@ TEST(Conversions, ofBytesFilesAndTheNetworkGiveAPictureOrNothing) {
   } rows[] = {
       {Url::file(folder.path("a b.png")), "1024x512", 128, "128x64"},
       {Url::file(folder.path("a b.png")), "1024x512", 2048, "2048x1024"},
+      {Url::file(folder.path("a b.png")), "1024x512", 16385, "1024x512"},
       {Url::file(folder.path("a b.png")), "1024x512", 0, "nothing"},
       {Url::file(folder.path("a b.png")), "1024x512", -5, "nothing"},
       {Url::file(folder.path("text.png")), "nothing", 128, "nothing"},
@@ -55,6 +58,30 @@ TEST(Conversions, ofBytesFilesAndTheNetworkGiveAPictureOrNothing) {
   const Url slow = *Url::parse("http://host/a.png");
   EXPECT_EQ(sizeOf(Image::fromUrl(slow)), "nothing");
   EXPECT_EQ(sizeOf(Image::fromUrl(slow, 128)), "128x64");
+}
+
+// Whatever way a picture comes.
+TEST(Conversions, keepToTheLimitOfTheHost) {
+  HeadlessPlatform platform;
+  const TempFolder folder;
+  const std::int64_t limit = picturePixelLimit();
+  addPicture(platform, folder, "named", 1);
+  const Url url = Url::file(folder.path("named.png"));
+  for (const bool large : {false, true}) {
+    setPicturePixelLimit(large ? 16 : 15);
+    int answers = 0;
+    platform.pasteboard().setImage(HeadlessImageCodec::file(4, 4, 1, 0, 0));
+    ZQPasteboard::getImage([&](const std::optional<ZQImage>& found) {
+      EXPECT_EQ(found.has_value(), large);
+      ++answers;
+    });
+    platform.runUntilIdle();
+    EXPECT_EQ(answers, 1);
+    EXPECT_EQ(Image::fromUrl(url).has_value(), large);
+    EXPECT_EQ(Image::fromUrl(url, 8).has_value(), large);
+    EXPECT_EQ(ImageCache::getImage("named").has_value(), large);
+  }
+  setPicturePixelLimit(limit);
 }
 
 }  // namespace

@@ -68,6 +68,32 @@ TEST_F(PictureOrderTest, serversThatHangKeepNoFileWaiting) {
   EXPECT_EQ(begun().size(), 6U);
 }
 
+TEST_F(PictureOrderTest, serversThatHangKeepNoOtherServerWaiting) {
+  std::vector<std::shared_ptr<ZQURLImage>> held;
+  const auto of = [&](int server, int number) {
+    const std::string url = "http://s" + std::to_string(server) + "." + host + "/n" +
+                            std::to_string(100 * server + number);
+    platform.downloads().setAnswer(url, {HeadlessImageCodec::file(1, 1, 0, 0, 0), ""}, 1);
+    return url;
+  };
+  for (int i = 0; i < 20; ++i) held.push_back(ZQURLImage::lookup(of(0, i)));
+  platform.runUntilIdle();
+  EXPECT_EQ(begun().size(), 6U);
+  held.push_back(ZQURLImage::lookup(of(1, 0)));
+  platform.runUntilIdle();
+  EXPECT_EQ(begun(), std::vector{100});
+  for (int i = 2; i < 90; ++i) held.push_back(ZQURLImage::lookup(of(i, 0)));
+  platform.runUntilIdle();
+  EXPECT_EQ(begun().size(), 57U) << "so many sockets in all";
+  Harness screen{ZQURLImageView(of(88, 0))};
+  platform.advance(0.5);
+  EXPECT_TRUE(begun().empty());
+  platform.advance(0.5);
+  EXPECT_EQ(begun().front(), 8800) << "of the servers that wait the one whose picture is shown";
+  platform.advance(10);
+  for (const auto& model : held) EXPECT_EQ(model->status, ZQURLImage::Status::ready);
+}
+
 TEST_F(PictureOrderTest, otherWorkGetsItsTurnAmongHundredsOfPictures) {
   std::vector<std::shared_ptr<ZQCachedImageVM>> models;
   for (int i = 0; i < 100; ++i) {

@@ -3,12 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <tests/base/temp_folder.hpp>
 #include <vector>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
 #include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_id.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 
@@ -65,6 +67,21 @@ class PictureSources : public testing::Test {
       if (!platform.mainQueue().isMainThread()) log += "*";
     });
     platform.advance(5);
+    return log;
+  }
+
+  // The statuses that a model which tells of few of them goes through, a letter for each.
+  template <class Model>
+  std::string seen(const Model& model, const std::string& letters) {
+    std::string log;
+    int looks = 0;
+    std::function<void()> look = [&] {
+      const char now = letters.at(static_cast<std::size_t>(model.status.get()));
+      if (log.empty() || log.back() != now) log += now;
+      if (++looks < 50) Queue::execute(false, look);
+    };
+    look();
+    platform.runUntilIdle();
     return log;
   }
 

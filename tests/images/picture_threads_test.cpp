@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <tests/images/picture_sources.hpp>
@@ -52,6 +53,12 @@ class PictureThreads : public PictureSources {
   }
 
   std::string id(int i) const { return host + "-" + std::to_string(i); }
+  // Ids of a store are names of files, of which there are few.
+  static std::string item(int i) { return "f" + std::to_string(i % kFiles); }
+  // Half of them are decoded on the interface thread.
+  static std::optional<DecodeSize> sizeOf(int i) {
+    return i % 2 == 0 ? std::optional<DecodeSize>() : DecodeSize{static_cast<double>(1 + i), 1};
+  }
   Url url(int i) const {
     // Sources of their own, of few files: what follows the mark is no part of the path.
     const std::string path = folder.path("f" + std::to_string(i % (kFiles + 1)));
@@ -63,12 +70,10 @@ class PictureThreads : public PictureSources {
       case 0:
         return ZQCachedImage(url(i));
       case 1:
-        return ZQSharedCachedImage({.id = id(i), .shareApp = *record});
+        return ZQSharedCachedImage({.id = id(i), .shareApp = *record, .decodeSize = sizeOf(i)});
       case 2:
-        // Ids of a store are names of files, of which there are few.
-        return ZQSubFileCachedImageView({.id = "f" + std::to_string(i % kFiles),
-                                         .subFiles = store,
-                                         .decodeSize = DecodeSize{static_cast<double>(1 + i), 1}});
+        return ZQSubFileCachedImageView(
+            {.id = item(i), .subFiles = store, .decodeSize = sizeOf(i)});
       case 3:
         return ZQURLImageView(address("f" + std::to_string(i % kFiles)),
                               {.decodeSize = DecodeSize{static_cast<double>(1 + i), 1}});
@@ -98,8 +103,9 @@ class PictureThreads : public PictureSources {
 // Eight threads that look at models, and follow them for a while, as long as they live.
 class Watchers {
  public:
-  explicit Watchers(std::vector<std::shared_ptr<ZQCachedImageVM>> models)
-      : models_(std::move(models)) {
+  using Look = std::function<void(std::atomic<int>&)>;
+
+  explicit Watchers(std::vector<Look> models) : models_(std::move(models)) {
     for (std::size_t i = 0; i < 8; ++i) threads_.emplace_back([this, i] { watch(i); });
   }
   ~Watchers() {
@@ -109,19 +115,25 @@ class Watchers {
   Watchers(const Watchers&) = delete;
   Watchers& operator=(const Watchers&) = delete;
 
+  template <class Model>
+  static Look lookAt(std::shared_ptr<Model> model) {
+    return [model](std::atomic<int>& changes) {
+      const Subscription told = model->willChange.connect([&changes] { ++changes; });
+      const auto status = model->status.get();
+      EXPECT_TRUE(status != Model::Status::ready || model->image_.get());
+      EXPECT_TRUE(status != Model::Status::failed || !model->image_.get());
+    };
+  }
+
  private:
   void watch(std::size_t i) {
     while (!end_) {
-      ZQCachedImageVM& model = *models_[i++ % models_.size()];
-      const Subscription told = model.willChange.connect([this] { ++changes_; });
-      const auto status = model.status.get();
-      EXPECT_TRUE(status != ZQCachedImageVM::Status::ready || model.image_.get());
-      EXPECT_TRUE(status != ZQCachedImageVM::Status::failed || !model.image_.get());
+      models_[i++ % models_.size()](changes_);
       std::this_thread::yield();
     }
   }
 
-  const std::vector<std::shared_ptr<ZQCachedImageVM>> models_;
+  const std::vector<Look> models_;
   std::atomic<bool> end_{false};
   std::atomic<int> changes_{0};
   std::vector<std::thread> threads_;
@@ -143,8 +155,14 @@ TEST_F(PictureThreads, thousandsAreLoadedInvalidatedAndClosedMeanwhile) {
         }
       }));
     }
-    std::vector<std::shared_ptr<ZQCachedImageVM>> watched;
-    for (int i = from; i < end; i += 5) watched.push_back(ZQCachedImageVM::lookup(url(i)));
+    std::vector<Watchers::Look> watched;
+    for (int i = from; i < end; i += 5) {
+      watched.push_back(Watchers::lookAt(ZQCachedImageVM::lookup(url(i))));
+      watched.push_back(
+          Watchers::lookAt(ZQSharedCachedImageVM::lookup(id(i + 1), *record, sizeOf(i + 1))));
+      watched.push_back(Watchers::lookAt(
+          ZQSubFileCachedImageVM::lookup(item(i + 2), ZQSubFiles(missing("")), sizeOf(i + 2))));
+    }
     const Watchers watchers(std::move(watched));
     invalidateSome(from, end);
     showAndClose(views);

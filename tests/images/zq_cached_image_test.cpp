@@ -9,6 +9,7 @@
 #include <tests/toolkit/painted_host.hpp>
 #include <vector>
 #include <zqswiftui/images/zq_cached_image.hpp>
+#include <zqswiftui/images/zq_local_url_image.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 
 namespace zq {
@@ -184,6 +185,27 @@ TEST_F(ZQCachedImageTest, aPictureThatIsShownSmallIsDecodedSmallOncePerSize) {
   EXPECT_EQ(width(*small), 10);
   EXPECT_EQ(small->image_.get()->height(), 5);
   EXPECT_EQ(width(*larger), 40) << "never enlarged";
+}
+
+TEST_F(ZQCachedImageTest, sizesThatAreAskedForTogetherShareOneDownloadUntilItIsForgotten) {
+  const Url url = *Url::parse(remote("shared", 40, 1));
+  const auto whole = VM::lookup(url);
+  const auto small = VM::lookup(url, DecodeSize{.points = 10, .scale = 1});
+  platform.advance(0.5);
+  const auto late = VM::lookup(url, DecodeSize{.points = 20, .scale = 1});
+  const auto kin = ZQLocalURLImage::lookup(url);
+  platform.runUntilIdle();
+  EXPECT_EQ(platform.downloads().fetched().size(), 1U);
+  ZQCachedImage::invalidate(url);
+  const auto afresh = VM::lookup(url);
+  platform.runUntilIdle();
+  EXPECT_EQ(platform.downloads().fetched().size(), 2U);
+  platform.advance(2);
+  EXPECT_EQ(width(*whole), 40);
+  EXPECT_EQ(width(*small), 10);
+  EXPECT_EQ(width(*late), 20);
+  EXPECT_EQ(width(*afresh), 40);
+  EXPECT_EQ(kin->image_.get(), whole->image_.get()) << "one picture of one size";
 }
 
 TEST_F(ZQCachedImageTest, aLimitThatIsRaisedLetsALargePictureIn) {

@@ -82,6 +82,28 @@ TEST(ZQPasteboardImage, readsAPictureOnceAndNoneWhileItCannotBeSeen) {
   EXPECT_EQ(shownMark(screen), 2);
 }
 
+TEST(ZQPasteboardImage, eachLookMakesAnotherPictureOfThePixelsAsLongAsTheyAreThere) {
+  HeadlessPlatform platform;
+  std::vector<ZQImage> taken;
+  const auto take = [&](const ZQImage& image) { taken.push_back(image); };
+  Harness screen(ZQPasteboardImage({.tappedCallback = take}), {80, 60});
+  platform.pasteboard().setImage(file(1));
+  const auto tapAfter = [&](double seconds) {
+    screen.advance(seconds);
+    screen.click(Point{40, 30});
+    return taken.back();
+  };
+  const ZQImage first = tapAfter(0.5);
+  EXPECT_EQ(tapAfter(0.1), first);
+  const ZQImage second = tapAfter(0.5);
+  EXPECT_NE(second, first);
+  EXPECT_NE(second.identity(), first.identity());
+  EXPECT_EQ(&second.pixels(), &first.pixels());
+  platform.pasteboard().clear();
+  EXPECT_EQ(tapAfter(2), second) << "there is none any more";
+  EXPECT_EQ(platform.imageCodec().decoded().size(), 1U);
+}
+
 // Keeps questions until the test answers them, as an owner that is slow or hangs.
 class SlowPasteboard : public HeadlessPasteboard {
  public:

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -69,8 +70,9 @@ TEST_F(ZQSharedCachedImageTest, goesThroughItsStatusesAndTellsWhenItsLoadHasEnde
     EXPECT_NE(model->failureReason().find(row.reason), std::string::npos);
   }
   EXPECT_EQ(decodedOnTheInterfaceThread(), 2U) << "in one turn with its statuses";
-  VM::lookup(id("here"), of, DecodeSize{.points = 1, .scale = 1});
-  platform.runUntilIdle();
+  const DecodeSize size{.points = 1, .scale = 1};
+  EXPECT_EQ(seen(*VM::lookup(id("here"), of, size), "slrf"), "slr");
+  EXPECT_EQ(seen(*VM::lookup(id("bad"), of, size), "slrf"), "slf");
   EXPECT_EQ(decoded().size(), 3U);
   EXPECT_EQ(decodedOnTheInterfaceThread(), 2U) << "small ones are decoded elsewhere";
 }
@@ -110,6 +112,26 @@ TEST_F(ZQSharedCachedImageTest, aFileThatTwoNeedAtOnceIsDecodedOnceAndAFailureIs
     file("record/a", 4);
   }
   EXPECT_EQ(decoded(), (std::vector{4, 4})) << "one for each size";
+}
+
+TEST_F(ZQSharedCachedImageTest, aFileThatAForgottenOneAskedForGoesFirstOnceItIsShown) {
+  std::vector<ZQShareApp::Item> items;
+  std::filesystem::create_directory(folder.path("record"));
+  for (int i = 0; i < 30; ++i) {
+    items.push_back(item(std::to_string(i)));
+    file("record/" + std::to_string(i), i + 1);
+  }
+  const ZQShareApp of = record(std::move(items));
+  const DecodeSize size{.points = 50, .scale = 1};
+  std::vector<std::shared_ptr<VM>> held;
+  for (int i = 0; i < 30; ++i) held.push_back(VM::lookup(id(std::to_string(i)), of, size));
+  ZQSharedCachedImage::invalidate(id("29"));
+  held.pop_back();
+  Harness screen(ZQSharedCachedImage({.id = id("29"), .shareApp = of, .decodeSize = size}));
+  platform.runUntilIdle();
+  const std::vector<int> all = decoded();
+  ASSERT_EQ(all.size(), 30U);
+  EXPECT_LT(std::find(all.begin(), all.end(), 30) - all.begin(), 4);
 }
 
 TEST_F(ZQSharedCachedImageTest, theRecordThatWasGivenFirstIsAskedAndOneDownloadServesAll) {

@@ -65,9 +65,7 @@ TEST_F(ZQSubFileCachedImageTest, goesThroughItsStatusesAndTellsOfASuccessAlone) 
   }
   EXPECT_EQ(decodedOnTheInterfaceThread(), 1U) << "in one turn with its statuses";
   const std::string id = addPicture("store", 3);
-  const auto small = VM::lookup(id, store(), DecodeSize{.points = 1, .scale = 1});
-  platform.runUntilIdle();
-  EXPECT_EQ(small->status, VM::Status::ready);
+  EXPECT_EQ(seen(*VM::lookup(id, store(), DecodeSize{.points = 1, .scale = 1}), "slrf"), "slr");
   EXPECT_EQ(decodedOnTheInterfaceThread(), 1U) << "small ones are decoded elsewhere";
 }
 
@@ -82,6 +80,12 @@ TEST_F(ZQSubFileCachedImageTest, theStoreThatWasGivenFirstIsReadOnce) {
                   {.id = id, .subFiles = store("first"), .decodeSize = DecodeSize{1, 1}})}));
   EXPECT_EQ(decoded(), (std::vector{3, 3}));
   EXPECT_EQ(screen.drawn().size(), 3U);
+  const std::string other = addPicture("first", 4);
+  const auto whole = VM::lookup(other, store("first"));
+  const auto small = VM::lookup(other, store("second"), DecodeSize{1, 1});
+  EXPECT_EQ(seen(*small, "slrf"), "slr");
+  EXPECT_TRUE(whole->image_.get()) << "two sizes of one reading";
+  EXPECT_EQ(seen(*VM::lookup(addPicture("first", 5), store("first")), "slrf"), "slr");
 }
 
 TEST_F(ZQSubFileCachedImageTest, afterInvalidationNewViewsReadAgainAndOldOnesKeepTheirPicture) {

@@ -93,7 +93,8 @@ TEST_F(ZQURLImageTest, blanksAreEscapedAndNothingElse) {
     EXPECT_NE(failed->failureReason(), "");
   }
   EXPECT_EQ(platform.downloads().fetched(),
-            (std::vector{address("a%20b%41+c%20d"), address("a%20b"), address("a%20b")}));
+            (std::vector{address("a%20b%41+c%20d"), address("a%20b")}))
+      << "one download of the address that both are";
   EXPECT_EQ(model->status, VM::Status::failed);
   const auto none = VM::lookup(std::nullopt);
   platform.runUntilIdle();
@@ -121,6 +122,32 @@ TEST_F(ZQURLImageTest, aFolderThatCannotBeWrittenIsHarmless) {
   platform.advance(1);
   EXPECT_EQ(without->status, VM::Status::ready);
   EXPECT_FALSE(std::filesystem::exists("Vendel"));
+  // One that is there, and in which nobody may write, whoever runs this.
+  platform.bundle().setCacheFolder(folder.path("there"));
+  std::filesystem::create_directories(folder.path("there/Vendel"));
+  std::filesystem::create_directory_symlink("/proc", folder.path("there/Vendel/ZQURLImage"));
+  const auto forbidden = VM::lookup(remote("forbidden", 3));
+  platform.advance(1);
+  EXPECT_EQ(forbidden->status, VM::Status::ready);
+}
+
+TEST_F(ZQURLImageTest, whatIsKeptIsDecodedAtOnceAndAWallOfSmallOnesInTurnsThoseShownFirst) {
+  for (int i = 0; i < 30; ++i) {
+    keep(address(std::to_string(i)), picture(i + 1));
+    platform.downloads().setAnswer(address(std::to_string(i)), {{}, "gone"}, 1);
+  }
+  const auto whole = VM::lookup(address("0"));
+  EXPECT_EQ(decoded(), std::vector{1}) << "by who asks";
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 1U);
+  const DecodeSize size{.points = 50, .scale = 1};
+  for (int i = 0; i < 29; ++i) VM::lookup(address(std::to_string(i)), size);
+  {
+    Harness screen{ZQURLImageView(address("20"), {.decodeSize = size})};
+    EXPECT_EQ(decoded().front(), 21);
+  }
+  platform.runUntilIdle();
+  EXPECT_EQ(platform.imageCodec().decoded().size(), 30U);
+  EXPECT_EQ(decodedOnTheInterfaceThread(), 1U);
 }
 
 TEST_F(ZQURLImageTest, aSmallPictureIsDecodedSmallAndItsFileKeptWhole) {

@@ -4,24 +4,24 @@
 
 namespace zq {
 
-PictureModel::PictureModel() : place_(std::make_shared<detail::PicturePlace>()) {}
+PictureModel::PictureModel() : places_(std::make_unique<detail::PicturePlaces>()) {}
 
 PictureModel::~PictureModel() = default;
 
 std::string PictureModel::failureReason() const {
-  const std::lock_guard lock(mutex_);
+  const LockGuard guard(lock_);
   return failure_;
 }
 
 void PictureModel::noteFailure([[maybe_unused]] std::string sentence) {
 #ifndef NDEBUG
-  const std::lock_guard lock(mutex_);
+  const LockGuard guard(lock_);
   failure_ = std::move(sentence);
 #endif
 }
 
 void PictureModel::wasObserved() {
-  detail::PictureOrder::shared().putFirst(*place_);
+  detail::PictureOrder::shared().putFirst(*places_);
 }
 
 }  // namespace zq

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <memory>
-#include <mutex>
 #include <string>
+#include <zqswiftui/platform/base/lock.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/platform/toolkit/unpublished.hpp>
 
@@ -11,7 +11,7 @@ namespace zq {
 
 namespace detail {
 class PictureOrder;
-struct PicturePlace;
+struct PicturePlaces;
 }  // namespace detail
 
 // What the view models of pictures share. As long as a view observes one, its work goes before
@@ -32,8 +32,8 @@ class PictureModel : public ObservableObject {
   friend class detail::PictureOrder;
   void wasObserved() final;
 
-  const std::shared_ptr<detail::PicturePlace> place_;
-  mutable std::mutex mutex_;
+  const std::unique_ptr<detail::PicturePlaces> places_;
+  mutable Lock lock_;
   std::string failure_;
 };
 

@@ -3,69 +3,88 @@
 #include <thread>
 #include <utility>
 #include <zqswiftui/images/picture_order.hpp>
+#include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq::detail {
 namespace {
 
-// At once: as many as Qt has connections to one server. More would wait inside of it, where one
-// that is cut off takes those along that wait.
-constexpr unsigned kDownloads = 6;
+// From one server at once: as many as Qt has connections to it. More would wait inside of it, where
+// one that is cut off takes those along that wait.
+constexpr unsigned kDownloadsOfAServer = 6;
+// From all: each keeps a socket, of which a process has not many more than a thousand.
+constexpr unsigned kDownloads = 64;
 
 }  // namespace
+
+PictureLane PictureLane::of(const Url& url) {
+  if (url.isFile()) return local();
+  const std::string server = url.server();
+  return {server.empty() ? "none" : server};
+}
 
 PictureOrder& PictureOrder::shared() {
   static PictureOrder order;
   return order;
 }
 
-PictureOrder::PictureOrder() {
-  at(PictureLane::local).limit = std::clamp(std::thread::hardware_concurrency(), 2u, 4u);
-  at(PictureLane::remote).limit = kDownloads;
-}
+PictureOrder::PictureOrder()
+    : localTurns_(std::clamp(std::thread::hardware_concurrency(), 2u, 4u)) {}
 
-void PictureOrder::add(PictureLane lane, const std::shared_ptr<PictureModel>& model,
+void PictureOrder::add(const PictureLane& lane, const std::shared_ptr<PictureModel>& model,
                        PictureJob::Work work) {
-  if (!model) return add(lane, std::move(work));
-  insert(lane, {model, model->place_, std::move(work)});
-}
-
-void PictureOrder::add(PictureLane lane, PictureJob::Work work) {
-  insert(lane, {{}, std::make_shared<PicturePlace>(), std::move(work)});
-}
-
-void PictureOrder::insert(PictureLane lane, PictureJob job) {
+  Turns turns;
   {
     Models held;
     const std::lock_guard lock(mutex_);
+    Lane& its = lanes_[lane.server];
+    PictureJob job{model, std::move(work), lane};
     // Under the lock: a view that begins to observe the model now finds the work in its place.
-    const bool first = isShown(job, held);
-    Jobs& jobs = first ? at(lane).shown : at(lane).others;
-    PicturePlace& place = *job.place;
-    place.at = jobs.insert(jobs.end(), std::move(job));
-    place.lane = lane;
-    place.first = first;
-    place.waiting = true;
+    job.first = isShown(job, held);
+    Jobs& jobs = job.first ? its.shown : its.others;
+    jobs.push_back(std::move(job));
+    if (model) model->places_->waiting.push_back(std::prev(jobs.end()));
+    ask(lane, its, turns);
+    grant(turns);
   }
-  startTurns(lane);
+  PictureTurn::post(turns);
 }
 
-void PictureOrder::putFirst(PicturePlace& place) {
+void PictureOrder::putFirst(PicturePlaces& places) {
   const std::lock_guard lock(mutex_);
-  if (!place.waiting || place.first) return;
-  Lane& lane = at(place.lane);
-  lane.shown.splice(lane.shown.end(), lane.others, place.at);
-  place.first = true;
+  for (const auto job : places.waiting) {
+    if (std::exchange(job->first, true)) continue;
+    Lane& lane = lanes_.at(job->lane.server);
+    lane.shown.splice(lane.shown.end(), lane.others, job);
+  }
 }
 
-void PictureOrder::startTurns(PictureLane lane) {
-  {
-    const std::lock_guard lock(mutex_);
-    if (at(lane).turns >= at(lane).limit) return;
-    ++at(lane).turns;
+void PictureOrder::ask(const PictureLane& which, Lane& lane, Turns& turns) {
+  if (lane.turns >= (which.isLocal() ? localTurns_ : kDownloadsOfAServer)) return;
+  if (which.isLocal()) {
+    ++lane.turns;
+    turns.push_back(which);
+  } else if (!std::exchange(lane.asking, true)) {
+    asking_.push_back(which.server);
   }
-  PictureTurn::post(lane);
+}
+
+void PictureOrder::grant(Turns& turns) {
+  const auto shown = [this](const std::string& server) { return !lanes_.at(server).shown.empty(); };
+  while (!asking_.empty() && downloads_ < kDownloads) {
+    auto next = std::find_if(asking_.begin(), asking_.end(), shown);
+    if (next == asking_.end()) next = asking_.begin();
+    const PictureLane which{std::move(*next)};
+    asking_.erase(next);
+    Lane& lane = lanes_.at(which.server);
+    lane.asking = false;
+    if (lane.size() == 0) continue;
+    ++lane.turns;
+    ++downloads_;
+    turns.push_back(which);
+    if (lane.size() > 1) ask(which, lane, turns);
+  }
 }
 
 // What is held may be the last one of its model, which must not end under the lock.
@@ -76,57 +95,83 @@ bool PictureOrder::isShown(const PictureJob& job, Models& held) {
   return held.back()->willChange.hasListeners();
 }
 
-PictureJob PictureOrder::pop(Jobs& jobs) {
+PictureJob PictureOrder::pop(Jobs& jobs, Models& held) {
+  if (auto model = jobs.front().model.lock()) {
+    std::erase(model->places_->waiting, jobs.begin());
+    held.push_back(std::move(model));
+  }
   PictureJob job = std::move(jobs.front());
   jobs.pop_front();
-  job.place->waiting = false;
   return job;
 }
 
-std::optional<PictureJob> PictureOrder::take(PictureLane which) {
+std::optional<PictureJob> PictureOrder::take(const PictureLane& which) {
   Models held;
   const std::lock_guard lock(mutex_);
-  Lane& lane = at(which);
+  Lane& lane = lanes_.at(which.server);
   while (!lane.shown.empty()) {
-    if (isShown(lane.shown.front(), held)) return pop(lane.shown);
-    lane.shown.front().place->first = false;
+    if (isShown(lane.shown.front(), held)) return pop(lane.shown, held);
+    lane.shown.front().first = false;
     lane.others.splice(lane.others.end(), lane.shown, lane.shown.begin());
   }
   if (lane.others.empty()) return std::nullopt;
-  return pop(lane.others);
+  return pop(lane.others, held);
 }
 
-void PictureOrder::endTurn(PictureLane which) {
+void PictureOrder::uncount(const PictureLane& which) {
+  --lanes_.at(which.server).turns;
+  if (!which.isLocal()) --downloads_;
+}
+
+void PictureOrder::endTurn(const PictureLane& which) {
+  Turns turns;
   {
     const std::lock_guard lock(mutex_);
-    Lane& lane = at(which);
-    const bool more = !lane.shown.empty() || !lane.others.empty();
-    if (!more || !Platform::installed()) {
-      --lane.turns;
-      return;
+    uncount(which);
+    const auto lane = lanes_.find(which.server);
+    if (Platform::installed()) {
+      if (lane->second.size() > 0) ask(which, lane->second, turns);
+      grant(turns);
+    }
+    if (lane->second.size() == 0 && lane->second.turns == 0 && !lane->second.asking) {
+      lanes_.erase(lane);
     }
   }
-  PictureTurn::post(which);
+  PictureTurn::post(turns);
 }
 
-void PictureOrder::dropAll(PictureLane which) {
+void PictureOrder::dropAll(const PictureLane& which) {
   Jobs dropped;  // ended after the lock: with the work goes what it holds
+  Models held;
   const std::lock_guard lock(mutex_);
-  --at(which).turns;
-  for (Lane& lane : lanes_) {
+  uncount(which);
+  asking_.clear();
+  for (auto& [server, lane] : lanes_) {
     dropped.splice(dropped.end(), lane.shown);
     dropped.splice(dropped.end(), lane.others);
+    lane.asking = false;
   }
-  for (const PictureJob& job : dropped) job.place->waiting = false;
+  std::erase_if(lanes_, [](const auto& lane) { return lane.second.turns == 0; });
+  for (const PictureJob& job : dropped) {
+    if (auto model = job.model.lock()) {
+      model->places_->waiting.clear();
+      held.push_back(std::move(model));
+    }
+  }
 }
 
-void PictureTurn::post(PictureLane lane) {
-  auto run = [turn = std::make_shared<PictureTurn>(lane)] {
-    turn->began_ = true;
-    if (const auto job = PictureOrder::shared().take(turn->lane_)) job->work(turn);
-  };
-  if (lane == PictureLane::local) return Queue::executeHeavy(std::move(run));
-  Queue::execute(false, std::move(run));
+void PictureTurn::post(const std::vector<PictureLane>& lanes) {
+  for (const PictureLane& lane : lanes) {
+    auto run = [turn = std::make_shared<PictureTurn>(lane)] {
+      turn->began_ = true;
+      if (const auto job = PictureOrder::shared().take(turn->lane_)) job->work(turn);
+    };
+    if (lane.isLocal()) {
+      Queue::executeHeavy(std::move(run));
+    } else {
+      Queue::execute(false, std::move(run));
+    }
+  }
 }
 
 PictureTurn::~PictureTurn() {

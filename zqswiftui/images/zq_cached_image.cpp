@@ -11,6 +11,8 @@
 
 namespace zq {
 
+ZQCachedImageVM::ZQCachedImageVM(std::optional<Url> source) : url(std::move(source)) {}
+
 auto& ZQCachedImageVM::list() {
   static detail::PictureList<Url, ZQCachedImageVM> models;
   return models;
@@ -54,6 +56,7 @@ ZQCachedImage::ZQCachedImage(std::optional<Url> url, const Parameters& parameter
 
 void ZQCachedImage::invalidate(const Url& url) {
   ZQCachedImageVM::list().forget(url);
+  detail::forgetLoad(url);
 }
 
 View ZQCachedImage::body(Context& context) const {

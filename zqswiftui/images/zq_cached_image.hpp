@@ -29,7 +29,7 @@ class ZQCachedImageVM : public PictureModel, public std::enable_shared_from_this
  private:
   friend class ZQCachedImage;
   static auto& list();
-  explicit ZQCachedImageVM(std::optional<Url> source) : url(std::move(source)) {}
+  explicit ZQCachedImageVM(std::optional<Url> source);
   void load(int maxSide);
 };
 

@@ -28,6 +28,9 @@ SerialQueue& queue() {
 
 }  // namespace
 
+ZQConcurrentDeferredImageVM::ZQConcurrentDeferredImageVM(std::string givenId, Compute compute)
+    : id(std::move(givenId)), compute_(std::move(compute)) {}
+
 std::shared_ptr<ZQConcurrentDeferredImageVM> ZQConcurrentDeferredImageVM::withId(
     const std::string& id, Compute compute) {
   ZQ_REQUIRE(Platform::current().mainQueue().isMainThread(),

@@ -44,8 +44,7 @@ class ZQConcurrentDeferredImageVM
 
  private:
   using Shared = std::shared_ptr<ZQConcurrentDeferredImageVM>;
-  ZQConcurrentDeferredImageVM(std::string givenId, Compute compute)
-      : id(std::move(givenId)), compute_(std::move(compute)) {}
+  ZQConcurrentDeferredImageVM(std::string givenId, Compute compute);
   static Task<void> begin(Shared self);
   static Task<void> run(Shared self);
   Compute compute_;  // until it runs: what it holds goes with its run

@@ -26,6 +26,9 @@ SerialQueue& queue() {
 
 }  // namespace
 
+ZQDeferredImageVM::ZQDeferredImageVM(std::string givenId, Compute compute)
+    : id(std::move(givenId)), compute_(std::move(compute)) {}
+
 std::shared_ptr<ZQDeferredImageVM> ZQDeferredImageVM::withId(const std::string& id,
                                                              Compute compute) {
   ZQ_REQUIRE(Platform::current().mainQueue().isMainThread(),

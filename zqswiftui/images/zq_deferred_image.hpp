@@ -34,8 +34,7 @@ class ZQDeferredImageVM : public ObservableObject,
   Published<std::optional<Image>> image_{this};
 
  private:
-  ZQDeferredImageVM(std::string givenId, Compute compute)
-      : id(std::move(givenId)), compute_(std::move(compute)) {}
+  ZQDeferredImageVM(std::string givenId, Compute compute);
   void start();
   void run();
   Compute compute_;  // until it runs: what it holds goes with its run

@@ -10,6 +10,8 @@
 
 namespace zq {
 
+ZQLocalURLImage::ZQLocalURLImage(std::optional<Url> source) : url(std::move(source)) {}
+
 std::shared_ptr<ZQLocalURLImage> ZQLocalURLImage::lookup(const std::optional<Url>& url,
                                                          const std::optional<DecodeSize>& size) {
   static detail::PictureList<Url, ZQLocalURLImage> models;

@@ -27,7 +27,7 @@ class ZQLocalURLImage : public PictureModel, public std::enable_shared_from_this
   Published<std::optional<ZQImage>> image_{this};
 
  private:
-  explicit ZQLocalURLImage(std::optional<Url> source) : url(std::move(source)) {}
+  explicit ZQLocalURLImage(std::optional<Url> source);
   void load(int maxSide);
 };
 

@@ -25,6 +25,8 @@ class PasteboardFollower : public ObservableObject,
   }
 
   Published<std::optional<ZQImage>> picture{this};
+  // Anew with each look as long as it is on the pasteboard, which no frame is drawn for.
+  const std::optional<ZQImage>& latest() const { return latest_; }
 
   void setVisible(bool visible) {
     if (!visible) return timer_.stop();
@@ -35,8 +37,12 @@ class PasteboardFollower : public ObservableObject,
  private:
   void look() {
     const std::uint64_t change = Platform::current().pasteboard().changeCount();
+    if (change == shown_) {
+      latest_ = latest_->again();
+      return;
+    }
     // Its owner may be slow: one question at a time to each.
-    if (change == shown_ || change == asked_) return;
+    if (change == asked_) return;
     asked_ = change;
     ZQPasteboard::getImage([weak = weak_from_this(), change](std::optional<ZQImage> found) {
       if (const auto self = weak.lock()) self->take(std::move(found), change);
@@ -47,12 +53,14 @@ class PasteboardFollower : public ObservableObject,
     if (asked_ == change) asked_.reset();
     if (!found || shown_ > change) return;
     shown_ = change;
+    latest_ = found;
     picture = std::move(found);
   }
 
   ZQTimer timer_;
   std::optional<std::uint64_t> asked_;  // the change that an answer is awaited for
   std::optional<std::uint64_t> shown_;
+  std::optional<ZQImage> latest_;
 };
 
 }  // namespace
@@ -67,7 +75,8 @@ View ZQPasteboardImage::body(Context& context) const {
       view = view.frame(parameters_.maxSize->width, parameters_.maxSize->height);
     }
     if (parameters_.tappedCallback) {
-      view = view.onTap([tapped = parameters_.tappedCallback, shown = *picture] { tapped(shown); });
+      view = view.onTap(
+          [tapped = parameters_.tappedCallback, follower] { tapped(*follower->latest()); });
     }
   }
   return view.onVisibility([follower](bool visible) { follower->setVisible(visible); });

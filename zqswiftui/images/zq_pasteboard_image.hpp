@@ -12,8 +12,9 @@ namespace zq {
 // seen. Nothing is shown until there is one; when the pasteboard holds something else, the last
 // picture stays. With a size, in points, the picture is stretched to exactly that, else to the
 // room that is offered. A click on it, or Space or Enter, hands over the picture that is shown.
-// What was found once is not read again until the pasteboard changes, so two clicks may hand
-// over copies of one picture. Interface thread only.
+// What was found once is not read again until the pasteboard changes; as long as it is there, each
+// look makes another picture of the same pixels, and a click hands over the last one. Interface
+// thread only.
 //   ZQPasteboardImage({.maxSize = Size{128, 128}, .tappedCallback = insert})
 class ZQPasteboardImage : public ViewModifiers<ZQPasteboardImage> {
  public:

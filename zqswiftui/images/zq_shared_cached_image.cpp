@@ -1,8 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cstdio>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 #include <zqswiftui/images/picture_list.hpp>
 #include <zqswiftui/images/picture_loading.hpp>
 #include <zqswiftui/images/stored_picture.hpp>
@@ -28,17 +26,8 @@ std::string cacheKey(const Url& url, int maxSide) {
 
 }  // namespace
 
-// A file that is being read, and the models that wait for it. It belongs to the answer of the
-// reading: where that is dropped, the next who asks begins anew.
-struct ZQSharedCachedImageVM::Load {
-  std::string key;
-  std::vector<Weak> waiting;
-
-  static std::unordered_map<std::string, std::weak_ptr<Load>>& underWay() {
-    static std::unordered_map<std::string, std::weak_ptr<Load>> loads;
-    return loads;
-  }
-};
+ZQSharedCachedImageVM::ZQSharedCachedImageVM(std::optional<std::string> item, int maxSide)
+    : id(std::move(item)), maxSide_(maxSide) {}
 
 auto& ZQSharedCachedImageVM::list() {
   static detail::PictureList<std::string, ZQSharedCachedImageVM> models;
@@ -52,7 +41,7 @@ std::shared_ptr<ZQSharedCachedImageVM> ZQSharedCachedImageVM::lookup(
   return list().find(id, maxSide, [&] {
     std::shared_ptr<ZQSharedCachedImageVM> model(new ZQSharedCachedImageVM(id, maxSide));
     if (id) {
-      detail::PictureOrder::shared().add(detail::PictureLane::local, model,
+      detail::PictureOrder::shared().add(detail::PictureLane::local(), model,
                                          [weak = Weak(model), shareApp, id](auto turn) {
                                            detach(resolve(weak, shareApp, *id, std::move(turn)));
                                          });
@@ -67,9 +56,11 @@ Task<void> ZQSharedCachedImageVM::resolve(Weak weak, ZQShareApp shareApp, std::s
   const auto held = std::move(turn);
   const std::optional<Url> local = co_await shareApp.urlForId(id, false);
   if (!local) {
+    const auto remote = shareApp.remoteUrl(id);
+    if (!remote) co_return;
     // Only what is missing waits among the downloads.
     detail::PictureOrder::shared().add(
-        detail::PictureLane::remote, weak.lock(),
+        detail::PictureLane::of(*remote), weak.lock(),
         [weak, shareApp, id](std::shared_ptr<detail::PictureTurn> another) {
           detach(fetch(weak, shareApp, id, std::move(another)));
         });
@@ -104,49 +95,43 @@ void ZQSharedCachedImageVM::load(const Url& url) {
 
 // The interface thread waits for a file that is not kept.
 void ZQSharedCachedImageVM::loadHere(const Url& url) {
-  detail::LoadedPicture picture;
-  auto image = pictures().getCachedOrExecute<ZQImage>(url.path(), [&] {
-    picture = detail::decodePicture(readFile(url.path()), maxSide_, url.text());
-    return picture.image;
-  });
-  take({std::move(image), {}, std::move(picture.failure)});
+  take(pictures().getCachedOrExecute<ZQImage>(url.path(), [&] {
+    auto bytes = std::make_shared<const Result<Bytes>>(readFile(url.path()));
+    return pictureOf(detail::decodePicture(std::move(bytes), 0, url.text()));
+  }));
 }
 
 // A picture that is kept is there at once. One that is not is read and decoded in the background,
-// with the same steps in the same order for who looks; who needs the same file meanwhile waits for
-// it, as it would find it kept if it came later.
+// with the same steps in the same order for who looks.
 void ZQSharedCachedImageVM::loadSmall(const Url& url) {
   const std::string key = cacheKey(url, maxSide_);
   auto kept = pictures().getCachedOrExecute<ZQImage>(key, [] { return std::optional<ZQImage>(); });
-  if (kept) return take({std::move(kept), {}, {}});
-  std::weak_ptr<Load>& known = Load::underWay()[key];
-  if (const auto load = known.lock()) {
-    load->waiting.push_back(weak_from_this());
-    return;
-  }
-  const auto load = std::make_shared<Load>(Load{key, {weak_from_this()}});
-  known = load;
-  detail::loadPicture(shared_from_this(), url, maxSide_, [load](detail::LoadedPicture picture) {
-    picture.bytes = {};
-    XMain::execute([load, picture = std::move(picture)] { finish(*load, picture); });
-  });
+  if (kept) return take(std::move(kept));
+  detail::loadPicture(
+      shared_from_this(), url, maxSide_,
+      [weak = weak_from_this(), key](const detail::LoadedPicture& picture) {
+        XMain::execute([weak, key, image = picture.image, failure = picture.failure] {
+          pictures().getCachedOrExecute<ZQImage>(key, [&] { return image; });
+          const auto model = weak.lock();
+          if (model) model->take(model->pictureOf({image, nullptr, failure}));
+        });
+      });
 }
 
-void ZQSharedCachedImageVM::finish(const Load& load, const detail::LoadedPicture& picture) {
-  Load::underWay().erase(load.key);
-  pictures().getCachedOrExecute<ZQImage>(load.key, [&] { return picture.image; });
-  for (const Weak& weak : load.waiting) {
-    if (const auto model = weak.lock()) model->take(picture);
-  }
-}
-
-void ZQSharedCachedImageVM::take(const detail::LoadedPicture& picture) {
-  if (picture.image) {
-    image_ = picture.image;
-    status = Status::ready;
-  } else {
-    noteFailure(picture.failure);
+// What it answers may be kept.
+std::optional<ZQImage> ZQSharedCachedImageVM::pictureOf(detail::LoadedPicture loaded) {
+  if (!loaded.image) {
+    noteFailure(std::move(loaded.failure));
     status = Status::failed;
+  }
+  return std::move(loaded.image);
+}
+
+// Something else that is kept under the key is no picture, and no failure either.
+void ZQSharedCachedImageVM::take(std::optional<ZQImage> image) {
+  if (image) {
+    image_ = std::move(image);
+    status = Status::ready;
   }
   XMain::post([weak = weak_from_this()] {
     if (const auto model = weak.lock()) model->willChange.send();

@@ -43,20 +43,18 @@ class ZQSharedCachedImageVM : public PictureModel,
  private:
   friend class ZQSharedCachedImage;
   using Weak = std::weak_ptr<ZQSharedCachedImageVM>;
-  struct Load;
   static auto& list();
   static Task<void> resolve(Weak weak, ZQShareApp shareApp, std::string id,
                             std::shared_ptr<detail::PictureTurn> turn);
   static Task<void> fetch(Weak weak, ZQShareApp shareApp, std::string id,
                           std::shared_ptr<detail::PictureTurn> turn);
   static void loadOnMain(const Weak& weak, const Url& url);
-  static void finish(const Load& load, const detail::LoadedPicture& picture);
-  ZQSharedCachedImageVM(std::optional<std::string> item, int maxSide)
-      : id(std::move(item)), maxSide_(maxSide) {}
+  ZQSharedCachedImageVM(std::optional<std::string> item, int maxSide);
   void load(const Url& url);
   void loadHere(const Url& url);
   void loadSmall(const Url& url);
-  void take(const detail::LoadedPicture& picture);
+  std::optional<ZQImage> pictureOf(detail::LoadedPicture loaded);
+  void take(std::optional<ZQImage> image);
 
   const int maxSide_;
 };

@@ -1,8 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cstdio>
 #include <utility>
+#include <vector>
 #include <zqswiftui/images/picture_list.hpp>
 #include <zqswiftui/images/picture_loading.hpp>
+#include <zqswiftui/images/shared_reads.hpp>
 #include <zqswiftui/images/stored_picture.hpp>
 #include <zqswiftui/images/zq_sub_file_cached_image.hpp>
 #include <zqswiftui/platform/base/work.hpp>
@@ -11,9 +13,17 @@
 
 namespace zq {
 
+ZQSubFileCachedImageVM::ZQSubFileCachedImageVM(std::optional<std::string> item, int maxSide)
+    : id(std::move(item)), maxSide_(maxSide) {}
+
 auto& ZQSubFileCachedImageVM::list() {
   static detail::PictureList<std::string, ZQSubFileCachedImageVM> models;
   return models;
+}
+
+auto& ZQSubFileCachedImageVM::reads() {
+  static detail::SharedReads<Weak> all;
+  return all;
 }
 
 std::shared_ptr<ZQSubFileCachedImageVM> ZQSubFileCachedImageVM::lookup(
@@ -24,46 +34,54 @@ std::shared_ptr<ZQSubFileCachedImageVM> ZQSubFileCachedImageVM::lookup(
     std::shared_ptr<ZQSubFileCachedImageVM> model(new ZQSubFileCachedImageVM(id, maxSide));
     if (id) {
       detail::PictureOrder::shared().add(
-          detail::PictureLane::local, model,
-          [weak = Weak(model), subFiles](std::shared_ptr<detail::PictureTurn> turn) {
-            if (const auto alive = weak.lock()) alive->load(subFiles, std::move(turn));
+          detail::PictureLane::local(), model,
+          [weak = Weak(model), subFiles, source = reads().join(*id, model)](auto turn) {
+            const auto alive = weak.lock();
+            if (!alive) return;
+            alive->begin();
+            if (reads().begin(*source)) detach(read(source, subFiles, *alive->id, std::move(turn)));
           });
     }
     return model;
   });
 }
 
-void ZQSubFileCachedImageVM::load(const ZQSubFiles& store,
-                                  std::shared_ptr<detail::PictureTurn> turn) {
-  if (!id) return;
+// Before its turn where another one's size was read first.
+void ZQSubFileCachedImageVM::begin() {
+  if (begun_.exchange(true)) return;
   std::puts("loadImage");
   status = Status::loading;
-  detach(read(weak_from_this(), store, *id, maxSide_, std::move(turn)));
 }
 
-Task<void> ZQSubFileCachedImageVM::read(Weak weak, ZQSubFiles store, std::string id, int maxSide,
-                                        std::shared_ptr<detail::PictureTurn> turn) {
-  std::optional<Bytes> bytes = co_await store.read(id);
-  // What nobody waits for any more is not decoded.
-  if (weak.expired()) co_return;
-  if (bytes && maxSide > 0) {
-    detail::decodeInTurn(weak.lock(), std::move(*bytes), maxSide, id,
-                         [weak](detail::LoadedPicture picture) {
-                           XMain::post([weak, picture = std::move(picture)] {
-                             if (const auto model = weak.lock()) model->take(picture);
+template <class Source>
+Task<void> ZQSubFileCachedImageVM::read(std::shared_ptr<Source> source, ZQSubFiles store,
+                                        std::string id, std::shared_ptr<detail::PictureTurn> turn) {
+  std::optional<Bytes> found = co_await store.read(id);
+  auto bytes = std::make_shared<const Result<Bytes>>(found ? Result<Bytes>(std::move(*found))
+                                                           : Error{"the store has no item " + id});
+  std::vector<Weak> whole;
+  for (const Weak& weak : reads().end(source)) {
+    // What nobody waits for any more is not decoded.
+    const auto model = weak.lock();
+    if (!model) continue;
+    model->begin();
+    if (model->maxSide_ == 0) {
+      whole.push_back(weak);
+    } else {
+      detail::decodeInTurn(model, bytes, model->maxSide_, id,
+                           [weak](const detail::LoadedPicture& picture) {
+                             XMain::post([weak, picture] {
+                               if (const auto alive = weak.lock()) alive->take(picture);
+                             });
                            });
-                         });
-    co_return;
+    }
   }
+  if (whole.empty()) co_return;
   // The turn lasts until then, so that few pictures at a time wait for the interface thread.
   const auto held = std::move(turn);
   co_await onMain();
-  const auto model = weak.lock();
-  if (!model) co_return;
-  if (bytes) {
-    model->take(detail::decodePicture(std::move(*bytes), 0, id));
-  } else {
-    model->take({std::nullopt, {}, "the store has no item " + id});
+  for (const Weak& weak : whole) {
+    if (const auto model = weak.lock()) model->take(detail::decodePicture(bytes, 0, id));
   }
 }
 
@@ -90,6 +108,7 @@ ZQSubFileCachedImageView::ZQSubFileCachedImageView(const Parameters& parameters)
 
 void ZQSubFileCachedImageView::invalidate(const std::string& id) {
   ZQSubFileCachedImageVM::list().forget(id);
+  ZQSubFileCachedImageVM::reads().forget(id);
 }
 
 View ZQSubFileCachedImageView::body(Context& context) const {

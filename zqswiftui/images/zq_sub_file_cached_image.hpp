@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,14 +44,16 @@ class ZQSubFileCachedImageVM : public PictureModel,
   friend class ZQSubFileCachedImageView;
   using Weak = std::weak_ptr<ZQSubFileCachedImageVM>;
   static auto& list();
-  static Task<void> read(Weak weak, ZQSubFiles store, std::string id, int maxSide,
+  static auto& reads();
+  template <class Source>
+  static Task<void> read(std::shared_ptr<Source> source, ZQSubFiles store, std::string id,
                          std::shared_ptr<detail::PictureTurn> turn);
-  ZQSubFileCachedImageVM(std::optional<std::string> item, int maxSide)
-      : id(std::move(item)), maxSide_(maxSide) {}
-  void load(const ZQSubFiles& store, std::shared_ptr<detail::PictureTurn> turn);
+  ZQSubFileCachedImageVM(std::optional<std::string> item, int maxSide);
+  void begin();
   void take(const detail::LoadedPicture& picture);
 
   const int maxSide_;
+  std::atomic<bool> begun_{false};
 };
 
 // The picture of an item of a store: a clear area without an id, nothing as long as there is no

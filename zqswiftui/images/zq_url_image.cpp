@@ -15,12 +15,6 @@
 namespace zq {
 namespace {
 
-// Of a picture that is asked for small: what is read and decoded before the first frame is shown
-// at once, but holds up that frame. This is a few milliseconds' worth; larger ones come a moment
-// later, from the background.
-constexpr std::uint64_t kBytesAtOnce = std::uint64_t{1} << 20;
-constexpr std::int64_t kPixelsAtOnce = std::int64_t{1} << 20;
-
 View placeholder(Size room) {
   const double side = std::min(std::min(room.width, room.height) * 0.4, 64.0);
   return Image::symbol("icloud.and.arrow.down")
@@ -31,6 +25,9 @@ View placeholder(Size room) {
 }
 
 }  // namespace
+
+ZQURLImage::ZQURLImage(std::optional<std::string> address, int maxSide)
+    : url(std::move(address)), maxSide_(maxSide) {}
 
 std::shared_ptr<ZQURLImage> ZQURLImage::lookup(const std::optional<std::string>& url,
                                                const std::optional<DecodeSize>& size) {
@@ -55,28 +52,20 @@ std::optional<Url> ZQURLImage::keptFile() const {
   return folder.appending("Vendel").appending("ZQURLImage").appending(ZQId::md5(*url));
 }
 
+// At once, so that it is there in the first frame; one with a size, of which there may be a wall,
+// in its turn in the background.
 void ZQURLImage::showKeptPicture() {
   const auto file = keptFile();
-  if (!file || !fu_fileExists(*file)) return;
-  const bool whole = maxSide_ == 0;
-  const Result<Bytes> bytes = readFile(file->path(), whole ? defaultReadLimit : kBytesAtOnce);
-  const std::int64_t most =
-      std::min(whole ? picturePixelLimit() : kPixelsAtOnce, picturePixelLimit());
-  const auto image = bytes.ok() ? zqImage(bytes.value(), {maxSide_, most}) : std::nullopt;
-  if (!image) {
-    if (!whole) readKeptPicture(file->path());
-    return;
-  }
-  XMain::post([self = shared_from_this(), image] { self->showUntilReady(image); });
-}
-
-void ZQURLImage::readKeptPicture(const std::string& path) {
-  Queue::executeHeavy([self = shared_from_this(), path] {
+  if (!file) return;
+  auto read = [self = shared_from_this(), path = file->path()] {
     const Result<Bytes> bytes = readFile(path);
     if (!bytes.ok()) return;
     auto image = zqImage(bytes.value(), {self->maxSide_, picturePixelLimit()});
-    if (image) XMain::execute([self, image] { self->showUntilReady(image); });
-  });
+    if (image) XMain::post([self, image] { self->showUntilReady(image); });
+  };
+  if (maxSide_ == 0) return read();
+  detail::PictureOrder::shared().add(detail::PictureLane::local(), shared_from_this(),
+                                     [read = std::move(read)](const auto&) { read(); });
 }
 
 void ZQURLImage::showUntilReady(const std::optional<ZQImage>& image) {
@@ -115,12 +104,14 @@ void ZQURLImage::fail(std::string reason) {
   status = Status::failed;
 }
 
-void ZQURLImage::keep(Bytes bytes) {
+void ZQURLImage::keep(std::shared_ptr<const Result<Bytes>> bytes) {
   Queue::execute(false, [weak = weak_from_this(), bytes = std::move(bytes)] {
     const auto self = weak.lock();
     const auto file = self && self->url ? self->keptFile() : std::nullopt;
     // A folder that is full or cannot be written costs the next process its first picture only.
-    if (file && fu_createParentFolderIfNeeded(*file)) (void)replaceFile(file->path(), bytes).ok();
+    if (file && fu_createParentFolderIfNeeded(*file)) {
+      (void)replaceFile(file->path(), bytes->value()).ok();
+    }
   });
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
+#include <zqswiftui/platform/base/result.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -19,10 +20,9 @@ struct LoadedPicture;
 // The picture of one address, normally remote, downloaded once a process for all who ask for it.
 // What was downloaded is kept as it came in the folder Vendel/ZQURLImage of the user's cache, under
 // the MD5 digest of the address, and shown by the next process until its own download ends: it is
-// read and decoded at once, by who asks for the model; with a size, a large one a moment later, in
-// the background. A file there that is damaged is ignored and replaced; a folder that cannot be
-// written is harmless.
-// Looked up on the interface thread; never released.
+// read and decoded at once, by who asks for the model; with a size in the background. A file there
+// that is damaged is ignored and replaced; a folder that cannot be written is harmless. Looked up
+// on the interface thread; never released.
 class ZQURLImage : public PictureModel, public std::enable_shared_from_this<ZQURLImage> {
  public:
   // cacheTemp: a picture of an earlier process is shown while the download goes on.
@@ -40,16 +40,14 @@ class ZQURLImage : public PictureModel, public std::enable_shared_from_this<ZQUR
   Published<std::optional<ZQImage>> image_{this};
 
  private:
-  ZQURLImage(std::optional<std::string> address, int maxSide)
-      : url(std::move(address)), maxSide_(maxSide) {}
+  ZQURLImage(std::optional<std::string> address, int maxSide);
   void begin();
   void showKeptPicture();
-  void readKeptPicture(const std::string& path);
   void showUntilReady(const std::optional<ZQImage>& image);
   void download();
   void take(detail::LoadedPicture picture);
   void fail(std::string reason);
-  void keep(Bytes bytes);
+  void keep(std::shared_ptr<const Result<Bytes>> bytes);
   std::optional<Url> keptFile() const;
 
   const int maxSide_;

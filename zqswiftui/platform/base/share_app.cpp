@@ -102,4 +102,9 @@ Task<std::optional<Url>> ZQShareApp::urlForId(std::string id, bool downloadRemot
   return Record::find(record_, std::move(id), downloadRemote);
 }
 
+std::optional<Url> ZQShareApp::remoteUrl(const std::string& id) const {
+  const auto found = record_->items.find(id);
+  return found == record_->items.end() ? std::nullopt : Url::parse(found->second.remoteUrl);
+}
+
 }  // namespace zq

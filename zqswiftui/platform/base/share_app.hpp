@@ -27,6 +27,8 @@ class ZQShareApp {
   // Absent where there is no such item, its name leaves the folder, or no file can be had. Who
   // asks for an item that is being downloaded waits for that download.
   Task<std::optional<Url>> urlForId(std::string id, bool downloadRemote) const;
+  // Where an item is downloaded from; absent where it is only local, and where there is none.
+  std::optional<Url> remoteUrl(const std::string& id) const;
 
  private:
   struct Record;

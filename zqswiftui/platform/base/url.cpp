@@ -84,6 +84,16 @@ bool Url::isFile() const {
   return text_.starts_with("file:");
 }
 
+std::string Url::server() const {
+  std::string_view rest = text_;
+  rest.remove_prefix(std::min(rest.find(':') + 1, rest.size()));
+  if (isFile() || !rest.starts_with("//")) return "";
+  rest.remove_prefix(2);
+  rest = rest.substr(0, rest.find_first_of("/?#"));
+  const auto user = rest.rfind('@');
+  return lowercased(rest.substr(user == std::string_view::npos ? 0 : user + 1));
+}
+
 std::string Url::path() const {
   std::string_view rest = text_;
   rest.remove_prefix(std::min(rest.find(':') + 1, rest.size()));

@@ -23,6 +23,9 @@ class Url {
 
   const std::string& text() const { return text_; }
   bool isFile() const;
+  // The host and, where it is given, the port that what is remote comes from, in lower case; empty
+  // of a file, and where the address names none.
+  std::string server() const;
   // Without escapes: of a file its path, else what stands between host and query. That of a zero
   // byte stays as it is: no path holds one.
   std::string path() const;

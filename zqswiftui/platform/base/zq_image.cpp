@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -12,6 +13,7 @@ namespace zq {
 namespace {
 
 constexpr double longestSide = 16384;
+std::atomic<std::int64_t> pixelLimit{std::int64_t{1} << 27};
 
 // The source pixels that make one pixel of the scaled row, and how much each counts.
 struct Contribution {
@@ -88,15 +90,25 @@ std::optional<ZQImage> ZQImage::fromPixels(Pixels pixels) {
   const auto count =
       static_cast<std::uint64_t>(pixels.width) * static_cast<std::uint64_t>(pixels.height);
   if (pixels.rgba.size() % 4 != 0 || pixels.rgba.size() / 4 != count) return std::nullopt;
+  return of(std::make_shared<const Pixels>(std::move(pixels)));
+}
+
+ZQImage ZQImage::of(std::shared_ptr<const Pixels> pixels) {
   auto content = std::make_shared<Content>();
   content->pixels = std::move(pixels);
   content->identity = ZQId::newId("image", "", true);
   return ZQImage(std::move(content));
 }
 
+ZQImage ZQImage::again() const {
+  return of(content_->pixels);
+}
+
 std::optional<ZQImage> ZQImage::resizeWithMaxSide(double side) const {
-  if (!(side >= 1 && side <= longestSide)) return std::nullopt;
-  const double scale = side / std::max(width(), height());
+  if (!(side >= 1)) return std::nullopt;
+  const int longer = std::max(width(), height());
+  if (side > std::max<double>(longestSide, longer)) return *this;
+  const double scale = side / longer;
   const auto length = [scale](int from) {
     return std::max(1, static_cast<int>(std::lround(from * scale)));
   };
@@ -104,6 +116,18 @@ std::optional<ZQImage> ZQImage::resizeWithMaxSide(double side) const {
   const int newHeight = length(height());
   if (newWidth == width() && newHeight == height()) return *this;
   return fromPixels(scaled(pixels(), newWidth, newHeight));
+}
+
+void setPicturePixelLimit(std::int64_t pixels) {
+  pixelLimit = std::max<std::int64_t>(pixels, 1);
+}
+
+std::int64_t picturePixelLimit() {
+  return pixelLimit;
+}
+
+std::optional<ZQImage> zqImage(std::span<const std::uint8_t> bytes) {
+  return zqImage(bytes, {0, picturePixelLimit()});
 }
 
 std::optional<ZQImage> zqImage(std::span<const std::uint8_t> bytes, const DecodeLimits& limits) {

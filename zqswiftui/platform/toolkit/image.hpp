@@ -29,8 +29,8 @@ class Image : public ViewModifiers<Image> {
   // What a file or something remote holds; nothing where it cannot be read or is no picture.
   // Any thread, which waits: on the interface thread only for small files that are near.
   static std::optional<Image> fromUrl(const Url& url);
-  // The same, scaled so that the longer side has that many pixels, from 1 to 16384; nothing
-  // outside of these. There is no time limit for what is remote.
+  // The same, scaled so that the longer side has that many pixels; nothing below 1, and as it is
+  // where that is more than 16384 and than it has. There is no time limit for what is remote.
   static std::optional<Image> fromUrl(const Url& url, int andResizeTo);
 
   Image font(Font font) const;                              // the size of a symbol

@@ -132,6 +132,28 @@ TEST_F(QtDownloadsFrom, theLimitsEndWhatIsTooLongOrTooLarge) {
   }
 }
 
+TEST_F(QtDownloadsFrom, streamsThatNeverEndAreHungUpOn) {
+  const QByteArray head = "HTTP/1.1 200 OK\r\n";
+  const QByteArray text(64 << 10, 'x');
+  server_.setEndless("/endless", head + "Connection: close\r\n\r\n", text);
+  server_.setEndless("/chunks", head + "Transfer-Encoding: chunked\r\n\r\n",
+                     "10000\r\n" + text + "\r\n");
+  server_.setEndless("/longer", head + "Content-Length: 5\r\n\r\n", text);
+  server_.setEndless("/trickle", head + "Content-Length: 1000000000\r\n\r\n", "x");
+  server_.setEndless("/head", head + "X: ", "x");
+  for (const char* path : {"/endless", "/chunks"}) {
+    const DownloadAnswer answer = fetch({server_.url(path), 60, 1 << 20});
+    EXPECT_NE(answer.error.find("larger"), std::string::npos) << path << ": " << answer.error;
+    EXPECT_TRUE(answer.bytes.empty()) << path;
+  }
+  EXPECT_EQ(text.left(5).toStdString(), this->text(fetch({server_.url("/longer"), 60, 1 << 20})));
+  for (const char* path : {"/trickle", "/head"}) {
+    const DownloadAnswer answer = fetch({server_.url(path), 0.2});
+    EXPECT_FALSE(answer.ok()) << path;
+  }
+  EXPECT_TRUE(waitFor([&] { return server_.disconnections == server_.connections; }));
+}
+
 TEST_F(QtDownloadsFrom, whatIsCancelledHangsUpAndNeverAnswers) {
   bool answered = false;
   const auto note = [&](const DownloadAnswer&) { answered = true; };

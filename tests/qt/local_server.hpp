@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
+#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <functional>
@@ -30,6 +32,21 @@ class LocalServer : public QTcpServer {
   }
   // The connection ends after the answer, so a body needs no length.
   void set(const QByteArray& path, const QByteArray& wire) { answers_[path] = wire; }
+  // Whoever asks for a path that is held waits until it is not.
+  void hold(const QByteArray& path, bool held) {
+    if (held) {
+      held_.insert(path, {});
+      return;
+    }
+    for (const QPointer<QTcpSocket>& socket : held_.take(path)) {
+      if (socket) answer(*socket, path);
+    }
+  }
+  // After its head an answer of that piece again and again, each as soon as the last one is gone.
+  void setEndless(const QByteArray& path, const QByteArray& head, const QByteArray& piece) {
+    answers_[path] = head;
+    pieces_[path] = piece;
+  }
   static QByteArray ok(const QByteArray& body) {
     return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
            QByteArray::number(body.size()) + "\r\n\r\n" + body;
@@ -41,13 +58,25 @@ class LocalServer : public QTcpServer {
  private:
   void answer(QTcpSocket& socket) {
     const QByteArray path = socket.readAll().split(' ').value(1);
+    if (held_.contains(path)) return held_[path].append(&socket);
+    answer(socket, path);
+  }
+  void answer(QTcpSocket& socket, const QByteArray& path) {
     const auto found = answers_.constFind(path);
     if (found == answers_.constEnd()) return;
+    if (const QByteArray piece = pieces_.value(path); !piece.isEmpty()) {
+      connect(&socket, &QTcpSocket::bytesWritten, &socket,
+              [&socket, piece] { socket.write(piece); });
+      socket.write(*found);
+      return;
+    }
     socket.write(*found);
     socket.disconnectFromHost();
   }
 
   QHash<QByteArray, QByteArray> answers_;
+  QHash<QByteArray, QByteArray> pieces_;
+  QHash<QByteArray, QList<QPointer<QTcpSocket>>> held_;
 };
 
 }  // namespace zq::qt

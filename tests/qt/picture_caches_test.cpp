@@ -2,14 +2,19 @@
 // What is kept between frames looks as if it had been drawn anew, and stays small.
 #include <gtest/gtest.h>
 
+#include <QEvent>
 #include <QPainterPath>
 #include <algorithm>
 #include <string>
 #include <tests/qt/pictures.hpp>
+#include <tests/qt/support.hpp>
+#include <zqswiftui/platform/qt/host_widget.hpp>
 #include <zqswiftui/platform/qt/lru_images.hpp>
 #include <zqswiftui/platform/qt/picture_cache.hpp>
+#include <zqswiftui/platform/qt/picture_reduction.hpp>
 #include <zqswiftui/platform/qt/pill_cache.hpp>
 #include <zqswiftui/platform/qt/symbol_cache.hpp>
+#include <zqswiftui/platform/toolkit/image.hpp>
 
 namespace zq::qt {
 namespace {
@@ -202,6 +207,70 @@ TEST(Pictures, aReducedOneHasTheMeanOfItsPixels) {
       EXPECT_NEAR(qGray(image.pixel(i, side / 2)), 127, 40) << side << " at " << i;
     }
   }
+}
+
+TEST(Pictures, aReducedPixelIsTheMeanOfItsArea) {
+  const struct {
+    QSize from, to;
+  } rows[] = {{{257, 131}, {38, 19}}, {{1000, 3}, {20, 1}}, {{64, 64}, {31, 30}},
+              {{2000, 40}, {9, 7}},   {{5, 5}, {1, 1}},     {{40, 40}, {40, 2}}};
+  for (const auto& row : rows) {
+    Pixels slope{row.from.width(), row.from.height(), {}};
+    for (int i = 0; i < slope.width * slope.height; ++i) {
+      const int v = i % slope.width * 200 / slope.width + i / slope.width * 55 / slope.height;
+      slope.rgba.insert(slope.rgba.end(), {static_cast<std::uint8_t>(v), 9, 200, 255});
+    }
+    const ZQImage picture = *ZQImage::fromPixels(std::move(slope));
+    const QImage exact = toQImage(picture);
+    const QImage reduced = reducedPicture(picture, row.to);
+    ASSERT_EQ(reduced.size(), row.to);
+    const double width = 1.0 * row.from.width() / row.to.width();
+    const double height = 1.0 * row.from.height() / row.to.height();
+    for (int i = 0; i < row.to.width() * row.to.height(); ++i) {
+      const int x = i % row.to.width(), y = i / row.to.width();
+      double sum = 0;
+      for (int v = static_cast<int>(y * height); v < (y + 1) * height; ++v) {
+        for (int u = static_cast<int>(x * width); u < (x + 1) * width; ++u) {
+          if (u >= row.from.width() || v >= row.from.height()) continue;
+          const double part = (std::min(u + 1.0, (x + 1) * width) - std::max(1.0 * u, x * width)) *
+                              (std::min(v + 1.0, (y + 1) * height) - std::max(1.0 * v, y * height));
+          sum += part * qRed(exact.pixel(u, v));
+        }
+      }
+      EXPECT_NEAR(qRed(reduced.pixel(x, y)), sum / (width * height), 3)
+          << row.from.width() << " at " << x << ", " << y;
+    }
+    EXPECT_EQ(reduced.pixel(0, 0) & 0xff00ffffU, qRgb(0, 9, 200));
+  }
+}
+
+// A window paints a large one roughly, and once more when its copy was made in the background.
+TEST(Pictures, aLargeOneIsReducedInTheBackgroundOfItsWindow) {
+  const ZQImage large = noise(900, 700);
+  HostWidget window(Image(large).resizable(false));
+  window.resize(90, 70);
+  window.show();
+  const QImage expected = played({90, 70}, 1, [&](Canvas& canvas) {
+    canvas.draw(DrawPicture{*ZQImage::fromPixels(large.pixels()), {0, 0, 90, 70}}, {});
+  });
+  const auto shown = [&] {
+    return difference(window.grab().toImage().convertToFormat(QImage::Format_RGB32),
+                      expected.convertToFormat(QImage::Format_RGB32));
+  };
+  EXPECT_GT(shown(), 20) << "not waited for";
+  EXPECT_TRUE(waitFor([&] { return shown() == 0; }));
+  // It asks for its place to be painted.
+  window.resize(60, 40);
+  window.repaint();
+  struct Painted : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) ++count;
+      return false;
+    }
+    int count = 0;
+  } painted;
+  window.installEventFilter(&painted);
+  EXPECT_TRUE(waitFor([&] { return painted.count > 0; }));
 }
 
 TEST(Pictures, edgesOfAnySizeAreHarmless) {

@@ -23,6 +23,7 @@
 #include <tests/qt/support.hpp>
 #include <thread>
 #include <vector>
+#include <zqswiftui/platform/base/thread_pool.hpp>
 #include <zqswiftui/platform/qt/image_codec.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
 #include <zqswiftui/platform/qt/preferences.hpp>
@@ -91,6 +92,19 @@ TEST(QtImageFiles, aHeaderThatClaimsTheEarthIsRefusedByIt) {
   const Bytes drawing(svg.begin(), svg.end());
   EXPECT_FALSE(codec.decode(drawing, {}));
   EXPECT_EQ(codec.declaredPixels(drawing), std::int64_t{4000000000000});
+}
+
+// With and without transparency, which go into the pixels by ways of their own.
+TEST(QtImageFiles, eachPixelComesAsItIs) {
+  for (const bool transparent : {false, true}) {
+    QImage image = toQImage(noise(37, 23)).convertToFormat(QImage::Format_ARGB32);
+    for (int i = 0; transparent && i < 23; ++i) image.setPixel(i, i, qRgba(10 * i, 200, 90, 9 * i));
+    if (!transparent) image.convertTo(QImage::Format_RGB32);
+    const auto pixels = ImageCodec().decode(encoded(image, "PNG"), {});
+    ASSERT_TRUE(pixels);
+    EXPECT_EQ(toQImage(*ZQImage::fromPixels(*pixels)),
+              image.convertToFormat(QImage::Format_RGBA8888_Premultiplied));
+  }
 }
 
 TEST(QtImageFiles, coloursOfAWiderSpaceBecomeOurs) {
@@ -236,8 +250,19 @@ TEST_F(QtClipboardOfOthers, aPictureOfThisProcessAndABrokenOne) {
   read();
   EXPECT_FALSE(image_);
   board.setImage(encoded(scene(6, 4), "JPG"));
-  EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
   const std::uint64_t before = board.changeCount();
+  const auto offers = [](const char* type) {
+    return QGuiApplication::clipboard()->mimeData()->hasFormat(QLatin1String(type));
+  };
+  EXPECT_TRUE(offers("image/jpeg"));
+  EXPECT_TRUE(waitFor([&] { return offers("image/png"); })) << "what every program takes";
+  EXPECT_TRUE(offers("image/jpeg"));
+  EXPECT_EQ(board.changeCount(), before) << "the same content";
+  board.setImage(encoded(scene(6, 4), "JPG"));
+  board.setText("words");  // what comes later stays
+  dynamic_cast<ThreadPool&>(platform().background()).waitUntilIdle();
+  settle();
+  EXPECT_FALSE(offers("image/png"));
   QGuiApplication::clipboard()->clear();
   read();
   EXPECT_GT(board.changeCount(), before);

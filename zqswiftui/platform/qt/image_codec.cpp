@@ -9,6 +9,8 @@
 #include <mutex>
 #include <utility>
 #include <zqswiftui/platform/qt/image_codec.hpp>
+#include <zqswiftui/platform/qt/png_check.hpp>
+#include <zqswiftui/platform/qt/quiet_reading.hpp>
 
 namespace zq::qt {
 namespace {
@@ -64,8 +66,70 @@ bool isCutBmp(std::span<const std::uint8_t> file) {
   return (part(0) | part(1) | part(2) | part(3)) > file.size();
 }
 
-// In place where it can be, and copied once: each page that is touched anew costs as much as its
-// pixels. Rows of four bytes a pixel have no gaps between them.
+// The first picture of the file is all that is shown of it; what comes after may be cut off.
+bool isCutGif(std::span<const std::uint8_t> file) {
+  if (file.size() < 13 || file[0] != 'G' || file[1] != 'I' || file[2] != 'F') return false;
+  const auto colours = [](std::uint8_t flags) {
+    return (flags & 0x80) != 0 ? std::size_t{3} << ((flags & 7) + 1) : 0;
+  };
+  std::size_t at = 13 + colours(file[10]);
+  const auto skipBlocks = [&] {  // to the empty one at their end
+    while (at < file.size() && file[at] != 0) at += 1 + std::size_t{file[at]};
+    return at++ < file.size();
+  };
+  while (at < file.size()) {
+    const std::uint8_t kind = file[at];
+    if (kind == ',') {  // a picture: its place, its colours, the width of its codes
+      if (at + 10 >= file.size()) return true;
+      at += 11 + colours(file[at + 9]);
+      return !skipBlocks();
+    }
+    if (kind != '!') return false;  // the end, or nothing that is known: the reader's affair
+    at += 2;
+    if (!skipBlocks()) return true;
+  }
+  return true;
+}
+
+bool isDamaged(std::span<const std::uint8_t> file) {
+  return isCutJpeg(file) || isCutBmp(file) || isCutGif(file) || isDamagedPng(file);
+}
+
+// Pixels that a reader may write into, as large as the picture is going to be. Each page that is
+// touched anew costs as much as its pixels, so what needs no room of its own is much quicker. What
+// only claims to be large gets none before it is read.
+constexpr std::int64_t kMostAhead = std::int64_t{1} << 22;
+
+Pixels roomFor(QSize size, QImage::Format format) {
+  const bool fits = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32;
+  if (!fits || size.isEmpty() || pixelsOf(size) > kMostAhead) return {};
+  return {size.width(), size.height(), Bytes(4 * static_cast<std::size_t>(pixelsOf(size)))};
+}
+
+// Whether the reader, and what came after it, have left the picture there.
+bool holds(const Pixels& room, const QImage& image) {
+  return !room.rgba.empty() && image.constBits() == room.rgba.data() &&
+         (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32);
+}
+
+// From one order of the four bytes to the other.
+void turnAround(Pixels& pixels, bool opaque) {
+  auto* const all = reinterpret_cast<QRgb*>(pixels.rgba.data());
+  const std::size_t count = pixels.rgba.size() / 4;
+  if (opaque) {
+    for (std::size_t i = 0; i < count; ++i) {
+      const QRgb p = all[i];
+      all[i] = 0xff000000U | (p & 0xff00U) | (p << 16 & 0xff0000U) | (p >> 16 & 0xffU);
+    }
+    return;
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    const QRgb p = qPremultiply(all[i]);
+    all[i] = (p & 0xff00ff00U) | (p << 16 & 0xff0000U) | (p >> 16 & 0xffU);
+  }
+}
+
+// In place where it can be, and copied once. Rows of four bytes a pixel have no gaps between them.
 Pixels toPixels(QImage image) {
   const QImage rgba = std::move(image).convertToFormat(QImage::Format_RGBA8888_Premultiplied);
   return {rgba.width(), rgba.height(),
@@ -83,35 +147,45 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                             static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);
-  if (bytes.empty() || isCutJpeg(bytes) || isCutBmp(bytes) || !buffer.open(QIODevice::ReadOnly)) {
+  if (bytes.empty() || isDamaged(bytes) || !buffer.open(QIODevice::ReadOnly)) {
     return std::nullopt;
   }
   makeRoomFor(limits.maxPixels);
+  const QuietReading quiet;
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   const QSize declared = reader.size();
+  Pixels room;
   if (declared.isValid()) {
     if (declared.isEmpty() || exceeds(declared, limits)) return std::nullopt;
     // A scaled read leaves out most of the work of decoding.
     const QSize wanted = fitted(declared, limits.maxSide);
     if (wanted != declared) reader.setScaledSize(wanted);
+    room = roomFor(wanted, reader.imageFormat());
   }
-  QImage image = reader.read();
-  if (image.isNull() || exceeds(image.size(), limits)) return std::nullopt;
+  QImage image;
+  if (!room.rgba.empty()) {
+    image = QImage(room.rgba.data(), room.width, room.height, qsizetype{4} * room.width,
+                   reader.imageFormat());
+  }
+  if (!reader.read(&image) || image.isNull() || exceeds(image.size(), limits)) return std::nullopt;
   if (const QSize wanted = fitted(image.size(), limits.maxSide); wanted != image.size()) {
     image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
   // Our pixels are sRGB; a file that says nothing of its colours has them already.
   if (image.colorSpace().isValid()) image.convertToColorSpace(QColorSpace::SRgb);
-  return toPixels(std::move(image));
+  if (!holds(room, image)) return toPixels(std::move(image));
+  turnAround(room, image.format() == QImage::Format_RGB32);
+  return room;
 }
 
 std::int64_t ImageCodec::declaredPixels(std::span<const std::uint8_t> bytes) const {
   QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                             static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);
-  if (bytes.empty() || !buffer.open(QIODevice::ReadOnly)) return 0;
+  if (bytes.empty() || isDamaged(bytes) || !buffer.open(QIODevice::ReadOnly)) return 0;
+  const QuietReading quiet;
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
   const QSize size = reader.size();

@@ -18,12 +18,24 @@ class LruImages {
   // The picture of the key, drawn by `make()` where it is not here. One that would push out
   // most others is not kept.
   QImage get(const Key& key, const auto& make) {
-    if (const auto found = places_.find(key); found != places_.end()) {
-      entries_.splice(entries_.begin(), entries_, found->second);
-      return found->second->second;
-    }
+    if (QImage kept = find(key); !kept.isNull()) return kept;
     QImage made = make();
-    if (sizeOf(made) > capacity_ / 4) return made;
+    keep(key, made);
+    return made;
+  }
+
+  // The kept one; null where there is none.
+  QImage find(const Key& key) {
+    const auto found = places_.find(key);
+    if (found == places_.end()) return {};
+    entries_.splice(entries_.begin(), entries_, found->second);
+    return found->second->second;
+  }
+
+  bool wouldKeep(std::size_t bytes) const { return bytes <= capacity_ / 4; }
+
+  void keep(const Key& key, const QImage& made) {
+    if (made.isNull() || !wouldKeep(sizeOf(made)) || places_.contains(key)) return;
     bytes_ += sizeOf(made);
     entries_.emplace_front(key, made);
     places_.emplace(key, entries_.begin());
@@ -32,7 +44,6 @@ class LruImages {
       places_.erase(entries_.back().first);
       entries_.pop_back();
     }
-    return made;
   }
 
   std::size_t bytes() const { return bytes_; }

@@ -8,8 +8,10 @@
 #include <QUrl>
 #include <algorithm>
 #include <array>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/pasteboard.hpp>
+#include <zqswiftui/platform/qt/quiet_reading.hpp>
 
 namespace zq::qt {
 namespace {
@@ -46,18 +48,35 @@ std::optional<std::string> textOf(const QMimeData& mime, const QStringList& form
   return text.toStdString();
 }
 
-std::optional<Bytes> imageOf(const QMimeData& mime, const QStringList& formats) {
-  QByteArray data;
+// A picture of this process, or of an owner that Qt asks: encoded, or in memory.
+struct Offered {
+  QByteArray encoded;
+  QImage image;
+};
+
+Offered imageOf(const QMimeData& mime, const QStringList& formats) {
   for (const char* type : kImageTypes) {
     if (!formats.contains(QLatin1String(type))) continue;
-    data = mime.data(QLatin1String(type));
+    if (QByteArray data = mime.data(QLatin1String(type)); !data.isEmpty()) return {data, {}};
     break;
   }
-  if (data.isEmpty() && formats.contains(QStringLiteral("application/x-qt-image"))) {
-    data = toPng(qvariant_cast<QImage>(mime.imageData()));
-  }
+  if (!formats.contains(QStringLiteral("application/x-qt-image"))) return {};
+  return {{}, qvariant_cast<QImage>(mime.imageData())};
+}
+
+// Takes a while for an image in memory.
+std::optional<Bytes> bytesOf(const Offered& offered) {
+  const QByteArray data = offered.image.isNull() ? offered.encoded : toPng(offered.image);
   if (data.isEmpty() || data.size() > kMaxBytes) return std::nullopt;
   return toBytes(data);
+}
+
+// As it is, and where there is one as what every other program takes.
+QMimeData* mimeOf(const QByteArray& format, const QByteArray& data, const QByteArray& png) {
+  auto* mime = new QMimeData;
+  mime->setData(QStringLiteral("image/") + QString::fromLatin1(format), data);
+  if (!png.isEmpty()) mime->setData(QStringLiteral("image/png"), png);
+  return mime;
 }
 
 std::optional<std::vector<std::string>> urlsOf(const QMimeData& mime, const QStringList& formats) {
@@ -108,11 +127,18 @@ void Pasteboard::setImage(Bytes encoded) {
                         static_cast<qsizetype>(encoded.size()));
   const QByteArray format = formatOf(data);
   if (format.isEmpty()) return clear();
-  auto* mime = new QMimeData;
-  mime->setData(QStringLiteral("image/") + QString::fromLatin1(format), data);
-  // What every other program takes.
-  if (format != "png") mime->setData(QStringLiteral("image/png"), toPng(QImage::fromData(data)));
-  QGuiApplication::clipboard()->setMimeData(mime);
+  QGuiApplication::clipboard()->setMimeData(mimeOf(format, data, {}));
+  if (format == "png") return;
+  // What every other program takes costs a while: it is offered, too, once it is made.
+  Queue::execute(true, [this, format, data, change = changeCount_] {
+    const QuietReading quiet;
+    XMain::post([this, format, data, change, png = toPng(QImage::fromData(data))] {
+      if (changeCount_ != change || png.isEmpty()) return;
+      QGuiApplication::clipboard()->setMimeData(mimeOf(format, data, png));
+      changeCount_ = formatsOf_ = change;  // nothing new to whoever follows it
+      formats_ = QGuiApplication::clipboard()->mimeData()->formats();
+    });
+  });
 }
 
 void Pasteboard::setUrls(std::vector<std::string> urls) {
@@ -158,7 +184,23 @@ void Pasteboard::readText(Answer<std::string> answer) {
 }
 
 void Pasteboard::readImage(Answer<Bytes> answer) {
-  answerLater(std::move(answer), {kImageTypes.begin(), kImageTypes.end()}, &imageOf);
+  if (!answer) return;
+  if (ownerMayHang()) {
+    others_->read({kImageTypes.begin(), kImageTypes.end()}, static_cast<std::size_t>(kMaxBytes),
+                  [this, answer = std::move(answer)](std::optional<SelectionReader::Found> found) {
+                    std::optional<Bytes> bytes;
+                    if (found && !found->bytes.empty()) bytes = std::move(found->bytes);
+                    queue_.post([answer, bytes = std::move(bytes)] { answer(bytes); });
+                  });
+    return;
+  }
+  queue_.post([this, answer = std::move(answer)] {
+    const QMimeData* mime = contents();
+    if (mime == nullptr) return answer(std::nullopt);
+    Queue::execute(true, [answer, offered = imageOf(*mime, formats_)] {
+      XMain::post([answer, bytes = bytesOf(offered)] { answer(bytes); });
+    });
+  });
 }
 
 void Pasteboard::readUrls(Answer<std::vector<std::string>> answer) {

@@ -14,8 +14,11 @@ namespace zq::qt {
 
 // The desktop's clipboard. What belongs to another program must be asked for, and one that hangs
 // lets it wait for seconds. On X a thread of our own waits. Elsewhere Qt does, on the interface
-// thread: there the owner is asked once what it has, only that is fetched, and who did not answer
-// is not asked again until the content changes.
+// thread, on which alone its clipboard may be used, and which has no question that answers later:
+// there the owner is asked once what it has, only that is fetched, and who did not answer is not
+// asked again until the content changes. On Wayland Qt gives up on a silent owner after a second.
+// Pictures are encoded in the background: one that is set in another format than PNG is there at
+// once, and as PNG, too, a moment later.
 class Pasteboard final : public zq::Pasteboard {
  public:
   explicit Pasteboard(zq::MainQueue& queue);

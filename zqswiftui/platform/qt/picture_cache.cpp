@@ -1,16 +1,31 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <QElapsedTimer>
+#include <QPointer>
 #include <QTransform>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <memory>
 #include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/qt/lru_images.hpp>
 #include <zqswiftui/platform/qt/picture_cache.hpp>
+#include <zqswiftui/platform/qt/picture_reduction.hpp>
 
 namespace zq::qt {
 namespace {
 
-constexpr std::size_t kCapacity = std::size_t{24} << 20;
+constexpr std::size_t kCapacity = std::size_t{64} << 20;
+
+// What the interface thread reduces itself: a picture of that many pixels, and that many of all
+// pictures in so many milliseconds. That takes it about two of them; a thousandth of a second each.
+constexpr std::int64_t kPixelsAtOnce = std::int64_t{1} << 18;
+constexpr std::int64_t kPixelsOfAMoment = std::int64_t{3} << 20;
+constexpr qint64 kMoment = 8;
 
 struct Key {
   std::string identity;
@@ -26,42 +41,89 @@ struct KeyHash {
   }
 };
 
-// Of each of the four bytes by itself: two sums of sixteen bits are added up at a time.
-quint32 mean(quint32 a, quint32 b, quint32 c, quint32 d) {
-  constexpr quint32 kEven = 0x00ff00ff, kHalves = 0x00020002;
-  const quint32 even = (a & kEven) + (b & kEven) + (c & kEven) + (d & kEven) + kHalves;
-  const quint32 odd = (a >> 8 & kEven) + (b >> 8 & kEven) + (c >> 8 & kEven) + (d >> 8 & kEven);
-  return (even >> 2 & kEven) | ((odd + kHalves) << 6 & ~kEven);
-}
+// The reduced copies of pictures. Interface thread only.
+class ReducedPictures {
+ public:
+  static ReducedPictures& shared() {
+    static ReducedPictures all;
+    return all;
+  }
 
-// The last column or row of an odd size is left out.
-QImage halved(const QImage& image) {
-  QImage half(image.width() / 2, image.height() / 2, image.format());
-  for (int y = 0; y < half.height(); ++y) {
-    const auto* upper = reinterpret_cast<const quint32*>(image.constScanLine(2 * y));
-    const auto* lower = reinterpret_cast<const quint32*>(image.constScanLine(2 * y + 1));
-    auto* out = reinterpret_cast<quint32*>(half.scanLine(y));
-    for (int x = 0; x < half.width(); ++x) {
-      const qsizetype left = qsizetype{2} * x;
-      out[x] = mean(upper[left], upper[left + 1], lower[left], lower[left + 1]);
+  // Null for one that is made in the background: that place of the window is painted again once
+  // it is there. Without a window it is made now.
+  QImage get(const ZQImage& picture, QSize pixels, QWidget* window, const QRectF& place) {
+    const Key key{picture.identity(), pixels};
+    QImage kept = kept_.find(key);
+    if (!kept.isNull()) return kept;
+    if (window != nullptr && !hasTimeFor(picture)) {
+      makeLater(picture, pixels, {window, place.toAlignedRect()});
+      return {};
+    }
+    kept = reducedPicture(picture, pixels);
+    kept_.keep(key, kept);
+    return kept;
+  }
+
+ private:
+  struct Place {
+    QPointer<QWidget> window;
+    QRect rect;
+  };
+  // One at a time of each picture: most sizes of a window that is resized are gone by then. It
+  // belongs to the work: where that is dropped, the next who asks begins anew.
+  struct Later {
+    Key key;
+    std::vector<Place> places;
+  };
+
+  bool hasTimeFor(const ZQImage& picture) {
+    const std::int64_t pixels = std::int64_t{picture.width()} * picture.height();
+    if (pixels > kPixelsAtOnce) return false;
+    if (!moment_.isValid() || moment_.hasExpired(kMoment)) {
+      moment_.start();
+      spent_ = 0;
+    }
+    spent_ += pixels;
+    return spent_ <= kPixelsOfAMoment;
+  }
+
+  void makeLater(const ZQImage& picture, QSize pixels, Place place) {
+    // Too large to be kept: it would be made again for each frame.
+    if (!kept_.wouldKeep(std::size_t{4} * static_cast<std::size_t>(pixels.width()) *
+                         static_cast<std::size_t>(pixels.height()))) {
+      return;
+    }
+    std::weak_ptr<Later>& known = later_[picture.identity()];
+    auto later = known.lock();
+    if (!later) {
+      known = later = std::make_shared<Later>(Later{{picture.identity(), pixels}, {}});
+      Queue::executeHeavy([this, later, picture, pixels] {
+        QImage made = reducedPicture(picture, pixels);
+        XMain::post([this, later, made = std::move(made)] { take(*later, made); });
+      });
+    }
+    const auto same = [&](const Place& other) {
+      return other.window == place.window && other.rect == place.rect;
+    };
+    if (std::none_of(later->places.begin(), later->places.end(), same)) {
+      later->places.push_back(std::move(place));
     }
   }
-  return half;
-}
 
-QImage reduced(const ZQImage& picture, QSize pixels) {
-  static LruImages<Key, KeyHash> cache(kCapacity);
-  return cache.get({picture.identity(), pixels}, [&] {
-    QImage image = toQImage(picture);
-    // The interface thread does this, and Qt's scaling costs several times as much for each pixel.
-    const QSize enough = 4 * pixels.expandedTo({1, 1});
-    while (image.width() >= enough.width() && image.height() >= enough.height()) {
-      image = halved(image);
+  void take(const Later& later, const QImage& made) {
+    kept_.keep(later.key, made);
+    later_.erase(later.key.identity);
+    // Those that want another size by now ask again.
+    for (const Place& place : later.places) {
+      if (place.window) place.window->update(place.rect.adjusted(-1, -1, 1, 1));
     }
-    return image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  });
-}
+  }
+
+  LruImages<Key, KeyHash> kept_{kCapacity};
+  std::unordered_map<std::string, std::weak_ptr<Later>> later_;
+  QElapsedTimer moment_;
+  std::int64_t spent_ = 0;
+};
 
 }  // namespace
 
@@ -93,8 +155,13 @@ void drawPicture(QPainter& painter, const PixelGrid& grid, const Rect& rect,
                      static_cast<int>(std::min(std::round(rect.height * grid.scale), 16384.0)));
   // The painter looks at four pixels for each one that it sets; below half the size that
   // leaves some out, and fine patterns shimmer.
-  if (2 * pixels.width() < picture.width() || 2 * pixels.height() < picture.height()) {
-    return drawOnPixels(painter, grid, rect, reduced(picture, pixels));
+  const bool small = 2 * pixels.width() < picture.width() || 2 * pixels.height() < picture.height();
+  const bool smaller = pixels.width() <= picture.width() && pixels.height() <= picture.height();
+  if (small && smaller && !pixels.isEmpty()) {
+    auto* const window = dynamic_cast<QWidget*>(painter.device());
+    const QRectF place = painter.worldTransform().mapRect(toQRectF(rect));
+    const QImage reduced = ReducedPictures::shared().get(picture, pixels, window, place);
+    if (!reduced.isNull()) return drawOnPixels(painter, grid, rect, reduced);
   }
   painter.drawImage(toQRectF(rect), toQImage(picture));
 }

@@ -12,7 +12,9 @@ namespace zq::qt {
 // copied as it is where the painter does not scale it any further.
 void drawOnPixels(QPainter& painter, const PixelGrid& grid, const Rect& rect, const QImage& image);
 
-// Draws a picture stretched to the rectangle.
+// Draws a picture stretched to the rectangle. At less than half its size a reduced copy is drawn,
+// which is kept. In a window that of a large picture is made in the background: until it is there
+// the picture is drawn roughly, then that place is painted again.
 void drawPicture(QPainter& painter, const PixelGrid& grid, const Rect& rect,
                  const ZQImage& picture);
 

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -8,8 +9,8 @@
 namespace zq::qt {
 namespace {
 
-// Four bytes a pixel, rows without gaps. It shows a picture of that extent, in its pixels: a little
-// of it may be left out at the right and below.
+// Four bytes a pixel, rows without gaps. It shows a picture of that extent, in its pixels: those at
+// the right and below may lie beyond it in part.
 struct Raster {
   int width;
   int height;
@@ -26,32 +27,42 @@ struct Raster {
 // A sum of sixteen bits holds no more than the pixels of 16 by 16.
 constexpr int kLargestBox = 16;
 
+// One over each number of pixels of a box, times 2^24.
+constexpr auto kOne = [] {
+  std::array<std::uint32_t, kLargestBox * kLargestBox + 1> all{};
+  for (std::uint32_t i = 1; i < all.size(); ++i) all[i] = (1U << 24) / i;
+  return all;
+}();
+
 void addRow(const std::uint8_t* row, std::size_t bytes, std::uint16_t* sums) {
   for (std::size_t i = 0; i < bytes; ++i) sums[i] = static_cast<std::uint16_t>(sums[i] + row[i]);
 }
 
-// The mean of each whole box of that many pixels a side.
+// The mean of each box of that many pixels a side; those at the right and below may have fewer.
 std::vector<std::uint8_t> boxed(const Raster& in, int box, Raster& out) {
-  out = {in.width / box, in.height / box, in.extentX / box, in.extentY / box, nullptr};
+  const auto boxes = [box](int pixels) { return (pixels + box - 1) / box; };
+  out = {boxes(in.width), boxes(in.height), in.extentX / box, in.extentY / box, nullptr};
   std::vector<std::uint8_t> bytes(out.rowBytes() * static_cast<std::size_t>(out.height));
   out.bytes = bytes.data();
   std::vector<std::uint16_t> sums(in.rowBytes());
-  const auto count = static_cast<std::uint32_t>(box * box);
-  const std::uint32_t reciprocal = (1U << 24) / count;  // of sums below 2^16: no overflow
   std::uint8_t* write = bytes.data();
   for (int y = 0; y < out.height; ++y) {
+    const int rows = std::min(box, in.height - y * box);
     std::fill(sums.begin(), sums.end(), std::uint16_t{0});
-    for (int i = 0; i < box; ++i) addRow(in.row(y * box + i), in.rowBytes(), sums.data());
+    for (int i = 0; i < rows; ++i) addRow(in.row(y * box + i), in.rowBytes(), sums.data());
     const std::uint16_t* read = sums.data();
-    for (int x = 0; x < out.width; ++x) {
+    for (int left = in.width; left > 0; left -= box) {
+      const int columns = std::min(box, left);
       std::uint64_t four = 0;  // the sums of the four parts side by side
-      for (int i = 0; i < box; ++i, read += 4) {
+      for (int i = 0; i < columns; ++i, read += 4) {
         std::uint64_t pixel;
         std::memcpy(&pixel, read, sizeof pixel);
         four += pixel;
       }
+      const auto count = static_cast<std::uint32_t>(rows * columns);
+      const std::uint64_t reciprocal = kOne[count];
       for (int part = 0; part < 4; ++part, four >>= 16) {
-        const auto sum = std::uint64_t{four & 0xffff} + count / 2;
+        const std::uint64_t sum = (four & 0xffff) + count / 2;
         *write++ = static_cast<std::uint8_t>(std::min<std::uint64_t>(sum * reciprocal >> 24, 255));
       }
     }
@@ -72,10 +83,10 @@ std::vector<Span> spans(double extent, int from, int to) {
   const double scale = extent / to;
   std::vector<Span> all(static_cast<std::size_t>(to));
   for (int i = 0; i < to; ++i) {
-    const double begin = i * scale, end = std::min<double>(begin + scale, from);
+    const double begin = i * scale, end = begin + scale;
     Span& own = all[static_cast<std::size_t>(i)];
     own.first = std::min(static_cast<int>(begin), from - 1);
-    for (int k = own.first; k == own.first || k < end - 1e-9; ++k) {
+    for (int k = own.first; k < from && k < end - 1e-9; ++k) {
       const double covered = std::min(k + 1.0, end) - std::max<double>(k, begin);
       own.parts.push_back(static_cast<float>(covered / (end - begin)));
     }

@@ -3,6 +3,7 @@
 // display: `drop_probe areas` and `drop_probe source FOLDER`.
 #include <QDrag>
 #include <QMimeData>
+#include <QPointer>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -68,8 +69,11 @@ class Reporter : public QObject {
 
  private:
   void look() {
-    auto* drag = QCoreApplication::instance()->findChild<QDrag*>();
-    if (drag == nullptr) return;
+    // One that was given up stays for a while; the last is the one under way.
+    const auto drags = QCoreApplication::instance()->findChildren<QDrag*>();
+    if (drags.isEmpty() || drags.last() == last_) return;
+    QDrag* drag = drags.last();
+    last_ = drag;
     timer_.stop();
     connect(drag, &QDrag::actionChanged, this, [this](Qt::DropAction action) {
       say("over", action == Qt::CopyAction ? "taken" : "nothing");
@@ -82,11 +86,13 @@ class Reporter : public QObject {
 
   int number_ = 0;
   QTimer timer_;
+  QPointer<QDrag> last_;
 };
 
 // What no view knows the type of.
-void dragUnknown(const std::function<void(DropResult)>& ended) {
-  QTimer::singleShot(0, [ended] {
+void dragUnknown(ViewHost& host, const std::function<void(DropResult)>& ended) {
+  QTimer::singleShot(0, [&host, ended] {
+    host.cancelGestures();
     auto* drag = new QDrag(QCoreApplication::instance());
     auto* mime = new QMimeData;
     mime->setData(QStringLiteral("application/x-unknown"), "?");
@@ -96,7 +102,7 @@ void dragUnknown(const std::function<void(DropResult)>& ended) {
   });
 }
 
-View source(const std::string& folder, const std::shared_ptr<Reporter>& reporter) {
+View source(const std::string& folder, ViewHost& host, const std::shared_ptr<Reporter>& reporter) {
   const auto files = [&folder](const std::vector<std::string>& names) {
     std::vector<std::string> urls;
     for (const std::string& name : names) urls.push_back(Url::file(folder + "/" + name).text());
@@ -112,14 +118,14 @@ View source(const std::string& folder, const std::shared_ptr<Reporter>& reporter
   std::vector<View> all;
   const auto busy = std::make_shared<bool>(false);
   for (const auto& [name, items] : rows) {
-    const auto begin = [reporter, busy, items = items](const DragValue&) {
+    const auto begin = [&host, reporter, busy, items = items](const DragValue&) {
       if (std::exchange(*busy, true)) return;
       const auto ended = [reporter, busy](DropResult result) {
         *busy = false;
         reporter->ended(result);
       };
       reporter->began();
-      if (items.empty()) return dragUnknown(ended);
+      if (items.empty()) return dragUnknown(host, ended);
       Platform::current().dragData().begin(items, ended);
     };
     all.push_back(Text(name)
@@ -137,7 +143,7 @@ int main(int argc, char** argv) {
     const auto reporter = std::make_shared<std::shared_ptr<Reporter>>();
     return probe::show(argc, argv, "SOURCE", kSize, {20, 40}, [&](qt::HostWidget& window) {
       *reporter = std::make_shared<Reporter>();
-      window.setRoot(source(argv[2], *reporter));
+      window.setRoot(source(argv[2], window.host(), *reporter));
       return probe::Further();
     });
   }

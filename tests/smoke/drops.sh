@@ -94,6 +94,7 @@ for ((round = 1; round <= rounds; round++)); do
   carry_to "$further" $(place file)
   echo close >&6
   until_true heard "did close" "$round"
+  until_true nudged "over $number nothing"
   let_go refused
   if [[ $(lines) != "$before" ]]; then
     echo "something was dropped that should not be" >&2

@@ -62,7 +62,7 @@ struct Labelled {
             .url = cover.binding(),
             .acceptedExtensions = {"png", "jpg"},
             .promptString = "Drop a .png or .jpg"})
-        .frame({.width = 464});
+        .frame(464, 56);
   }
 };
 

@@ -3,7 +3,7 @@
 
 Each run is a process of its own that answers a line of JSON for each item, itself a median of
 several repetitions; the table shows the median of the runs, and their least. Called by
-bench/run: compare.py [--pictures | --media] [--rounds N] [--raw FILE] NAME=COMMAND...
+bench/run: compare.py [--pictures | --media | --files] [--rounds N] [--raw FILE] NAME=COMMAND...
 """
 import argparse
 import collections
@@ -22,6 +22,8 @@ PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
 # With the programs that can: a Repeater of all ticks of a day has no end.
 MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000),
               ('canvas-rects', 500, 'ours'), ('notifications', 1000000, 'ours')]
+FILE_JOBS = [('drop', 10000)]
+FILE_PROGRAMS = ('ours', 'qt-widgets')
 MEDIA_PROGRAMS = ('ours', 'qt-quick')
 
 # What one more adds to what the process holds: the item, the runs with few and with many.
@@ -60,6 +62,8 @@ BARS = [
     ('a rectangle dragged', 'M3', 500, 'ms', 2, 1),
     ('one across all', 'M3-across', 500, 'ms', 2, 1),
     ('a million posts', 'M4', 1000000, 'ms', 1000, 1),
+    ('a drop of files', 'F1', 10000, 'ms', 50, 1),
+    ('longest stall', 'F1-longest', 10000, 'qt-widgets', 'F1-longest', 1),
 ]
 
 
@@ -159,6 +163,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument('--pictures', action='store_true', help='walls of pictures, not tags')
     parser.add_argument('--media', action='store_true', help='rulers and timelines, not tags')
+    parser.add_argument('--files', action='store_true', help='files dropped at once, not tags')
     parser.add_argument('--rounds', type=int, default=5)
     parser.add_argument('--raw', type=argparse.FileType('a'), help='keeps every result as JSON')
     parser.add_argument('programs', nargs='+', metavar='NAME=COMMAND')
@@ -170,6 +175,9 @@ def main():
     elif arguments.media:
         commands = [(name, command) for name, command in commands if name in MEDIA_PROGRAMS]
         found = run(commands, MEDIA_JOBS, None, arguments.rounds, arguments.raw)
+    elif arguments.files:
+        commands = [(name, command) for name, command in commands if name in FILE_PROGRAMS]
+        found = run(commands, FILE_JOBS, None, arguments.rounds, arguments.raw)
     else:
         found = run(commands, JOBS, None, arguments.rounds, arguments.raw)
     names = [name for name, _ in commands]

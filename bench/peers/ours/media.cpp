@@ -7,7 +7,8 @@ bool media(const Arguments& arguments) {
   static const MediaJob jobs[] = {{"ruler", ruler},
                                   {"timeline", timeline},
                                   {"canvas-rects", canvasRects},
-                                  {"notifications", notifications}};
+                                  {"notifications", notifications},
+                                  {"drop", drop}};
   return runMedia(arguments, jobs);
 }
 

@@ -12,6 +12,7 @@ void ruler(const Arguments& arguments);
 void timeline(const Arguments& arguments);
 void canvasRects(const Arguments& arguments);
 void notifications(const Arguments& arguments);
+void drop(const Arguments& arguments);
 
 // What is shown of the media; an assignment shows something else of it.
 template <class T>

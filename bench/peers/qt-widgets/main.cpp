@@ -15,6 +15,9 @@
 // Qt Widgets: a label a tag, a wrapping layout, a scroll area. A frame is what the event loop
 // itself paints into the window's pixels, which is only what is dirty.
 namespace bench {
+
+bool drop(const Arguments& arguments);  // in drop.cpp
+
 namespace {
 
 long paints = 0;
@@ -260,5 +263,5 @@ int main(int argc, char** argv) {
   const bench::Program program("qt-widgets", argc, argv);
   QApplication application(argc, argv);
   bench::dress();
-  return program.run(bench::items, bench::firstFrame);
+  return program.run(bench::items, bench::firstFrame, bench::drop);
 }

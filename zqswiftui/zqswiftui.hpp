@@ -33,6 +33,8 @@
 #include <zqswiftui/files/zq_file_drag_area_with_name_view.hpp>
 #include <zqswiftui/files/zq_folder_drag_area_view.hpp>
 #include <zqswiftui/files/zq_multiple_files_drag_area_view.hpp>
+#include <zqswiftui/files/zq_recent_file_view.hpp>
+#include <zqswiftui/files/zq_recent_files.hpp>
 #include <zqswiftui/files/zq_sub_file_image_well_view.hpp>
 #include <zqswiftui/files/zq_text_drag_area_view.hpp>
 #include <zqswiftui/images/picture_limits.hpp>
@@ -46,6 +48,7 @@
 #include <zqswiftui/images/zq_sub_file_cached_image.hpp>
 #include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
+#include <zqswiftui/layout/row_list.hpp>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>

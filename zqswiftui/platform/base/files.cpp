@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <tuple>
 #include <unordered_set>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/text.hpp>
@@ -213,6 +214,7 @@ bool FUList::isFolder(const std::string& path) {
 std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls) {
   struct Entry {
     Url url;
+    std::string path;
     std::string name;
     std::chrono::system_clock::time_point date;
   };
@@ -221,7 +223,7 @@ std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls) {
   std::vector<Entry> entries;
   entries.reserve(urls.size());
   for (const Url& url : urls) {
-    entries.push_back({url, byName ? lowercased(url.name()) : "",
+    entries.push_back({url, url.path(), byName ? lowercased(url.name()) : "",
                        byName ? std::chrono::system_clock::time_point{}
                               : fu_getModificationDate(url).value_or(
                                     std::chrono::system_clock::time_point::min())});
@@ -229,15 +231,15 @@ std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls) {
   std::stable_sort(entries.begin(), entries.end(), [method](const Entry& a, const Entry& b) {
     switch (method) {
       case SortMethod::nameAscending:
-        return a.name < b.name;
+        return std::tie(a.name, a.path) < std::tie(b.name, b.path);
       case SortMethod::nameDescending:
-        return b.name < a.name;
+        return std::tie(b.name, a.path) < std::tie(a.name, b.path);
       case SortMethod::oldestFirst:
-        return a.date < b.date;
+        return std::tie(a.date, a.path) < std::tie(b.date, b.path);
       case SortMethod::newestFirst:
         break;
     }
-    return b.date < a.date;
+    return std::tie(b.date, a.path) < std::tie(a.date, b.path);
   });
   std::vector<Url> sorted;
   sorted.reserve(entries.size());

@@ -54,7 +54,8 @@ struct FUList {
 };
 
 enum class SortMethod { nameAscending, nameDescending, oldestFirst, newestFirst };
-// Equal ones keep their order; a file without a date counts as the oldest.
+// By name in lower case or by modification date, ties by path; a file without a date counts as
+// the oldest.
 std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls);
 
 // Without duplicates, first occurrences kept in order.

@@ -125,15 +125,15 @@ void HeadlessFileDialogs::show(FileDialogRequest request,
   });
 }
 
-void HeadlessRecentDocuments::list(std::function<void(std::vector<std::string>)> answer) {
-  queue_.post([urls = urls_, answer = std::move(answer)] {
-    if (answer) answer(urls);
+void HeadlessRecentDocuments::list(std::function<void(std::vector<RecentDocument>)> answer) {
+  queue_.post([documents = documents_, answer = std::move(answer)] {
+    if (answer) answer(documents);
   });
 }
 
 void HeadlessRecentDocuments::add(std::string url) {
-  std::erase(urls_, url);
-  urls_.insert(urls_.begin(), std::move(url));
+  std::erase_if(documents_, [&](const RecentDocument& known) { return known.url == url; });
+  documents_.insert(documents_.begin(), {std::move(url)});
 }
 
 void HeadlessDragData::begin(DragItems items, std::function<void(DropResult)> ended) {

@@ -92,13 +92,13 @@ class HeadlessFileDialogs : public FileDialogs {
 class HeadlessRecentDocuments : public RecentDocuments {
  public:
   explicit HeadlessRecentDocuments(MainQueue& queue) : queue_(queue) {}
-  void list(std::function<void(std::vector<std::string>)> answer) override;
+  void list(std::function<void(std::vector<RecentDocument>)> answer) override;
   void add(std::string url) override;
-  void setUrls(std::vector<std::string> urls) { urls_ = std::move(urls); }
+  void setDocuments(std::vector<RecentDocument> documents) { documents_ = std::move(documents); }
 
  private:
   MainQueue& queue_;
-  std::vector<std::string> urls_;
+  std::vector<RecentDocument> documents_;
 };
 
 class HeadlessWorkspace : public Workspace {

@@ -24,6 +24,7 @@ Platform::Platform(QApplication& application) {
 
 Platform::~Platform() {
   writeWhatWaits();
+  recentDocuments_.finish();
   ZQPressureTask::dropAll();
   background_.close();
   // What is dropped may still ask for services as it goes.

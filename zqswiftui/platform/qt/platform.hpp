@@ -5,11 +5,11 @@
 #include <zqswiftui/platform/qt/bundle.hpp>
 #include <zqswiftui/platform/qt/bus_notifications.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
+#include <zqswiftui/platform/qt/desktop_documents.hpp>
 #include <zqswiftui/platform/qt/downloads.hpp>
 #include <zqswiftui/platform/qt/drag_data.hpp>
 #include <zqswiftui/platform/qt/file_dialogs.hpp>
 #include <zqswiftui/platform/qt/image_codec.hpp>
-#include <zqswiftui/platform/qt/local_services.hpp>
 #include <zqswiftui/platform/qt/main_queue.hpp>
 #include <zqswiftui/platform/qt/pasteboard.hpp>
 #include <zqswiftui/platform/qt/preferences.hpp>
@@ -53,7 +53,7 @@ class Platform final : public zq::Platform {
   Pasteboard pasteboard_{mainQueue_};
   DragData dragData_{mainQueue_};
   FileDialogs fileDialogs_;
-  SessionDocuments recentDocuments_{mainQueue_};
+  DesktopDocuments recentDocuments_;
   Workspace workspace_;
   Preferences preferences_{mainQueue_};
   Bundle bundle_;

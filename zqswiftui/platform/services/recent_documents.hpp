@@ -7,13 +7,22 @@
 
 namespace zq {
 
+struct RecentDocument {
+  std::string url;
+  // What keeps it, where that may not answer: a mounted share by the folder where it is mounted.
+  // Empty for what is on this machine.
+  std::string place = {};
+  bool operator==(const RecentDocument&) const = default;
+};
+
 // The platform's list of documents that this application opened. Interface thread only.
 class RecentDocuments {
  public:
   virtual ~RecentDocuments() = default;
-  // Answers later on the interface thread with the URLs in the platform's order, the last
-  // opened first; documents that are gone are listed all the same.
-  virtual void list(std::function<void(std::vector<std::string> urls)> answer) = 0;
+  // Answers later on the interface thread with the documents in the platform's order, the last
+  // opened first; those that are gone are listed all the same.
+  virtual void list(std::function<void(std::vector<RecentDocument> documents)> answer) = 0;
+  // Returns at once; the list has it soon after, also where the program ends meanwhile.
   virtual void add(std::string url) = 0;
 };
 

@@ -1,0 +1,165 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <tuple>
+#include <utility>
+#include <zqswiftui/files/recent_files.hpp>
+#include <zqswiftui/platform/base/files.hpp>
+#include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/work.hpp>
+#include <zqswiftui/platform/services/platform.hpp>
+
+namespace zq::detail {
+namespace {
+
+// The shares that have been asked and have not answered in time. Nobody asks them again before
+// they do, so that each holds up one thread at most.
+class SilentShares {
+ public:
+  static SilentShares& all() {
+    static auto* shares = new SilentShares;  // threads may come back to it as the program ends
+    return *shares;
+  }
+  bool has(const std::string& place) {
+    const std::lock_guard lock(mutex_);
+    return places_.contains(place);
+  }
+  // Of a share that is being asked.
+  void wentSilent(const std::string& place, const bool& answered) {
+    const std::lock_guard lock(mutex_);
+    if (!answered) places_.insert(place);
+  }
+  void answered(const std::string& place, bool& answered) {
+    const std::lock_guard lock(mutex_);
+    answered = true;
+    places_.erase(place);
+  }
+
+ private:
+  std::mutex mutex_;
+  std::set<std::string> places_;
+};
+
+RecentFileList newestFirst(std::vector<std::pair<Url, FileFacts>> found) {
+  struct Entry {
+    std::chrono::system_clock::time_point date;
+    std::string path;
+    std::size_t index;
+  };
+  std::vector<Entry> order;
+  order.reserve(found.size());
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    constexpr auto kOldest = std::chrono::system_clock::time_point::min();
+    order.push_back({found[i].second.modified.value_or(kOldest), found[i].first.path(), i});
+  }
+  std::sort(order.begin(), order.end(), [](const Entry& a, const Entry& b) {
+    return std::tie(b.date, a.path, a.index) < std::tie(a.date, b.path, b.index);
+  });
+  RecentFileList list;
+  list.reserve(order.size());
+  for (const Entry& entry : order) {
+    auto& [url, facts] = found[entry.index];
+    list.push_back(std::make_shared<const RecentFile>(std::move(url), facts));
+  }
+  return list;
+}
+
+// One gathering, held by the threads that ask and by the deadlines.
+class Gathering : public std::enable_shared_from_this<Gathering> {
+ public:
+  Gathering(AskFile ask, std::function<void(RecentFileList)> tell)
+      : ask_(std::move(ask)), tell_(std::move(tell)) {}
+
+  void begin(std::vector<Documents::Recent> documents) {
+    std::map<std::string, std::vector<Url>> places;
+    for (Documents::Recent& document : documents) {
+      places[document.place].push_back(std::move(document.url));
+    }
+    std::erase_if(places, [](const auto& of) { return SilentShares::all().has(of.first); });
+    waiting_ = places.size() + 1;
+    for (auto& [place, urls] : places) askPlace(place, std::move(urls));
+    placeEnded();  // that of the beginning, so that no place at all ends too
+  }
+
+ private:
+  void askPlace(const std::string& place, std::vector<Url> urls) {
+    const auto ended = std::make_shared<bool>(false);     // on the interface thread
+    const auto answered = std::make_shared<bool>(false);  // under the lock of the shares
+    const auto end = [self = shared_from_this(), ended] {
+      if (std::exchange(*ended, true)) return;
+      self->placeEnded();
+    };
+    const auto work = [self = shared_from_this(), place, urls = std::move(urls), answered, end] {
+      for (const Url& url : urls) {
+        if (!self->take(url)) break;
+      }
+      SilentShares::all().answered(place, *answered);
+      XMain::executeWhileThere(end);
+    };
+    if (place.empty()) {
+      Queue::execute(true, work);
+    } else {
+      std::thread(work).detach();  // it may never end, and must not keep the program
+    }
+    Platform::current().mainQueue().postDelayed(
+        place.empty() ? localLimit : remoteLimit, [place, answered, end] {
+          if (!place.empty()) SilentShares::all().wentSilent(place, *answered);
+          end();
+        });
+  }
+
+  // Whether there is still somebody to ask for.
+  bool take(const Url& url) {
+    const auto facts = ask_(url);
+    const std::lock_guard lock(mutex_);
+    if (facts && !told_) found_.emplace_back(url, *facts);
+    return !told_;
+  }
+
+  void placeEnded() {
+    if (--waiting_ > 0) return;
+    std::vector<std::pair<Url, FileFacts>> found;
+    {
+      const std::lock_guard lock(mutex_);
+      told_ = true;
+      found = std::move(found_);
+    }
+    Queue::execute(true, [found = std::move(found), tell = std::move(tell_)]() mutable {
+      XMain::executeWhileThere(
+          [list = newestFirst(std::move(found)), tell = std::move(tell)] { tell(list); });
+    });
+  }
+
+  const AskFile ask_;
+  std::function<void(RecentFileList)> tell_;
+  std::size_t waiting_ = 0;
+  std::mutex mutex_;
+  bool told_ = false;
+  std::vector<std::pair<Url, FileFacts>> found_;
+};
+
+}  // namespace
+
+std::optional<FileFacts> factsOf(const Url& url) {
+  if (!fu_fileExists(url)) return std::nullopt;
+  return FileFacts{fu_getFileSize(url), fu_getModificationDate(url)};
+}
+
+RecentFile::RecentFile(Url file, std::optional<FileFacts> known)
+    : url(std::move(file)), loweredPath(lowercased(url.path())), facts(known) {}
+
+bool RecentFile::matches(const std::vector<std::string>& extensions,
+                         std::string_view loweredSearch) const {
+  if (!extensions.empty() && !url.isA(extensions)) return false;
+  return loweredPath.find(loweredSearch) != std::string::npos;
+}
+
+void gatherRecentFiles(std::vector<Documents::Recent> documents, AskFile ask,
+                       std::function<void(RecentFileList)> tell) {
+  std::make_shared<Gathering>(std::move(ask), std::move(tell))->begin(std::move(documents));
+}
+
+}  // namespace zq::detail

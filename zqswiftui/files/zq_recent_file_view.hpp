@@ -1,0 +1,39 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/toolkit/required.hpp>
+#include <zqswiftui/platform/toolkit/view.hpp>
+
+namespace zq {
+
+namespace detail {
+struct RecentFile;
+}
+
+// A row of recent files: name, size and date of modification of a file, brighter under the
+// pointer; pressed it tells its URL. What nobody has asked of the disk yet is asked in the
+// background once the row appears. Interface thread only.
+//   ZQRecentFileView({.url = url, .tapped = [](const Url& pressed) { open(pressed); }})
+class ZQRecentFileView : public ViewModifiers<ZQRecentFileView> {
+ public:
+  using Tapped = std::function<void(const Url&)>;
+  struct Parameters {
+    Required<Url> url;
+    Required<Tapped> tapped;  // null: nothing
+  };
+  explicit ZQRecentFileView(const Parameters& parameters);
+  ZQRecentFileView(std::shared_ptr<const detail::RecentFile> file,
+                   std::shared_ptr<const Tapped> tapped);
+
+  View body(Context& context) const;
+  bool operator==(const ZQRecentFileView&) const = default;
+
+ private:
+  std::shared_ptr<const detail::RecentFile> file_;
+  std::shared_ptr<const Tapped> tapped_;
+};
+
+}  // namespace zq

@@ -1,0 +1,22 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <functional>
+#include <vector>
+#include <zqswiftui/platform/base/url.hpp>
+
+namespace zq {
+
+// The documents that the desktop remembers as opened by this application. Interface thread only.
+struct Documents {
+  struct Recent {
+    Url url;
+    std::string place;  // a mounted share that may not answer, or empty
+  };
+  // Answers later with those whose address makes sense, the last opened first.
+  static void recent(std::function<void(std::vector<Recent> documents)> answer);
+  // Tells the desktop that a document was opened.
+  static void noteRecent(const Url& url);
+};
+
+}  // namespace zq

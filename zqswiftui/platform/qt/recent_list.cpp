@@ -108,8 +108,9 @@ class ListCopy {
   }
   static void set(QXmlStreamAttributes& attributes, QStringView name, const QString& value) {
     const QXmlStreamAttribute made(name.toString(), value);
-    const auto found = std::find_if(attributes.begin(), attributes.end(),
-                                    [&](const QXmlStreamAttribute& a) { return a.qualifiedName() == name; });
+    const auto found =
+        std::find_if(attributes.begin(), attributes.end(),
+                     [&](const QXmlStreamAttribute& a) { return a.qualifiedName() == name; });
     if (found == attributes.end()) {
       attributes.append(made);
     } else {

@@ -70,7 +70,7 @@ TEST(RowList, scrollsTabsAndKeepsWhatIsNear) {
 TEST(RowList, emptyAndImpossible) {
   Harness none(list(0), {200, 100});
   EXPECT_TRUE(none.texts().empty());
-  Harness flat(ScrollView(RowList({.count = 3,
+  Harness flat(ScrollView(RowList({.count = std::size_t{3},
                                    .rowHeight = -4,
                                    .key = [](std::size_t i) { return std::to_string(i); },
                                    .row = [](std::size_t) { return Color::red(); }})),

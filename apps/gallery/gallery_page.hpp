@@ -34,6 +34,7 @@
   PAGE(frame_animation)        \
   PAGE(pasteboard_image)       \
   PAGE(drop_areas)             \
+  PAGE(recent_files)           \
   PAGE(text)                   \
   PAGE(stacks)                 \
   PAGE(shapes)                 \

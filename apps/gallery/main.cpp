@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <apps/gallery/gallery_window.hpp>
 #include <apps/gallery/options.hpp>
+#include <apps/gallery/sample_documents.hpp>
 #include <apps/gallery/snapshots.hpp>
 #include <cstdio>
 #include <zqswiftui/platform/qt/host_widget.hpp>
@@ -85,7 +86,9 @@ int run(int argc, char** argv, const Options& options) {
   }
   QApplication app(argc, argv);
   QApplication::setApplicationName("zq-gallery");
-  const zq::qt::Platform platform(app);
+  const SampleDocuments documents;
+  const zq::qt::Platform platform(app, documents.list());
+  documents.remember();
   Given given = read.value();
   given.server = std::make_shared<const PictureServer>();
   if (!options.snapshot) return showWindow(page.value(), given);

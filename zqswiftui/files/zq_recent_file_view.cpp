@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kRowHeight = 25;
 constexpr double kSizeWidth = 84;
+constexpr double kDateWidth = 116;  // of any month, so that sizes stand below each other
 constexpr double kFontSize = 12;
 constexpr double kPadding = 4;
 constexpr const char* kDatePattern = "dd MMM yy [HH:mm]";
@@ -51,8 +52,12 @@ View ZQRecentFileView::body(Context& context) const {
   const View row =
       HStack({View(Text(name).truncationInTheMiddle())
                   .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
-              View(Text(size)).frame({.width = kSizeWidth, .alignment = Alignment::trailing()}),
-              Text(date).lineLimit(1)})
+              View(Text(size))
+                  .frame({.width = kSizeWidth, .alignment = Alignment::trailing()})
+                  .foregroundColor(Color::secondary()),
+              View(Text(date).lineLimit(1))
+                  .flexFrame({.minWidth = kDateWidth, .alignment = Alignment::trailing()})
+                  .foregroundColor(Color::secondary())})
           .font(Font::system(kFontSize))
           .padding({.leading = kPadding, .trailing = kPadding})
           .frame({.height = kRowHeight});

@@ -25,6 +25,7 @@ constexpr double kRowHeight = 25;
 constexpr double kMostOfList = 240;
 constexpr double kSearchHeight = 30;
 constexpr double kChevronWidth = 20;
+constexpr double kBarWidth = 12;  // kept free beside the rows
 
 using Tapped = ZQRecentFileView::Tapped;
 
@@ -44,7 +45,8 @@ View header(const State<bool>& isOpen) {
   const bool shown = *isOpen;
   const View chevron = Image::symbol(shown ? "chevron.compact.up" : "chevron.compact.down")
                            .frame({.width = kChevronWidth});
-  return HStack({Text(shown ? "Recent Files:" : "Recent Files"), chevron})
+  const View row = HStack({Text(shown ? "Recent Files:" : "Recent Files"), chevron});
+  return (shown ? row.flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}) : row)
       .background(View(Color::gray()).opacity(0.001))
       .onTap([isOpen] {
         isOpen.set(!*isOpen);
@@ -118,8 +120,10 @@ View ZQRecentFilesView::body(Context& context) const {
       RowList({.count = files->size(),
                .rowHeight = kRowHeight,
                .key = [files](std::size_t i) { return (*files)[i]->url.text(); },
-               .row = [files, pressed = *tapped](
-                          std::size_t i) { return ZQRecentFileView((*files)[i], pressed); }}));
+               .row =
+                   [files, pressed = *tapped](std::size_t i) {
+                     return ZQRecentFileView((*files)[i], pressed).padding({.trailing = kBarWidth});
+                   }}));
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 4},
                 {header(isOpen),
                  VStack({.spacing = 0},

@@ -43,7 +43,8 @@ class ZQRecentFilesVM : public ObservableObject {
 // kept in the preference "Recent Files Open". A click on a file, or Return on it, hands it to the
 // callback, and without one to the application that the desktop has for it; either way the desktop
 // is told that it was opened.
-//   ZQRecentFilesView({.filterExtensions = {"png", "jpg"}, .callback = [](const Url& url) { ... }})
+//   ZQRecentFilesView({.filterExtensions = {{"png", "jpg"}},
+//                      .callback = [](const Url& url) { open(url); }})
 class ZQRecentFilesView : public ViewModifiers<ZQRecentFilesView> {
  public:
   struct Parameters {

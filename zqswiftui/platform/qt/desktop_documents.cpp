@@ -169,10 +169,10 @@ struct DesktopDocuments::State {
   }
 };
 
-DesktopDocuments::DesktopDocuments()
-    : DesktopDocuments((QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                        QStringLiteral("/recently-used.xbel"))
-                           .toStdString()) {}
+std::string DesktopDocuments::desktopList() {
+  const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return folder.toStdString() + "/recently-used.xbel";
+}
 
 DesktopDocuments::DesktopDocuments(const std::string& file)
     : state_(std::make_shared<State>(file)) {}

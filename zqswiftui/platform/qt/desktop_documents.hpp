@@ -17,8 +17,10 @@ namespace zq::qt {
 // is no regular file is left alone.
 class DesktopDocuments final : public RecentDocuments {
  public:
-  DesktopDocuments();  // the one of the desktop
-  explicit DesktopDocuments(const std::string& file);
+  // Where the desktop keeps it.
+  static std::string desktopList();
+
+  explicit DesktopDocuments(const std::string& file = desktopList());
   ~DesktopDocuments() override;
 
   void list(std::function<void(std::vector<RecentDocument>)> answer) override;

@@ -15,7 +15,8 @@ void writeWhatWaits() {
 
 }  // namespace
 
-Platform::Platform(QApplication& application) {
+Platform::Platform(QApplication& application, const std::string& recentDocuments)
+    : recentDocuments_(recentDocuments) {
   installAccessibility();
   install();
   // What waits to be written is written while the event loop's services still stand.

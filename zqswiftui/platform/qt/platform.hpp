@@ -26,7 +26,9 @@ namespace zq::qt {
 //   zq::qt::Platform platform(app);
 class Platform final : public zq::Platform {
  public:
-  explicit Platform(QApplication& application);
+  // The documents that are opened are brought into that file, and those of it are recent.
+  explicit Platform(QApplication& application,
+                    const std::string& recentDocuments = DesktopDocuments::desktopList());
   ~Platform() override;
 
   MainQueue& mainQueue() override { return mainQueue_; }

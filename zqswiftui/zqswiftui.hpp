@@ -13,6 +13,8 @@
 #include <zqswiftui/bindings/zq_notificable_text_view.hpp>
 #include <zqswiftui/bindings/zq_notificable_value.hpp>
 #include <zqswiftui/controls/icon_buttons.hpp>
+#include <zqswiftui/controls/picker.hpp>
+#include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/controls/zq_button.hpp>
 #include <zqswiftui/controls/zq_cancel_continue_lower_bar.hpp>

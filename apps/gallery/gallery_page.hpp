@@ -14,6 +14,7 @@
   PAGE(borderless_buttons)     \
   PAGE(square_buttons)         \
   PAGE(switching_buttons)      \
+  PAGE(choices)                \
   PAGE(help_and_bars)          \
   PAGE(labeled_spinner)        \
   PAGE(progress_bar_view)      \

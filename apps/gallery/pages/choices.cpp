@@ -1,0 +1,44 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <apps/gallery/gallery_page.hpp>
+#include <apps/gallery/gallery_style.hpp>
+#include <zqswiftui/controls/picker.hpp>
+#include <zqswiftui/controls/switch.hpp>
+
+namespace zq::gallery {
+namespace {
+
+// [code]
+struct Choices {
+  View body(Context& context) const {
+    auto follows = context.state(true);
+    auto type = context.state(std::size_t{1});
+    const View switches =
+        VStack({.alignment = HorizontalAlignment::trailing},
+            {Switch("Follow edits", follows.binding()),
+                Switch("The same once more", follows.binding())});
+    const View picker = Picker({.label = "Type",
+        .choices = {"number", "text", "switch", "point"},
+        .selection = type.binding()});
+    return cards({
+        card("Switch", switches),
+        card("Picker", HStack({Text("Type"), picker})),
+        card("Light and dark",
+            lightAndDark(HStack(
+                {.spacing = 16}, {Switch("", follows.binding()), picker}))),
+        card("Disabled",
+            HStack({.spacing = 16},
+                {Switch("Off limits", follows.binding()), picker})
+                .disabled()),
+    });
+  }
+};
+// [/code]
+
+}  // namespace
+
+GalleryPage pages::choices() {
+  return page<Choices>("Controls", "Switches and pickers",
+      "On or off, and one of several texts: each bound to a value.");
+}
+
+}  // namespace zq::gallery

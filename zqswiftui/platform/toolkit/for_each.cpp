@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 #include <zqswiftui/platform/toolkit/for_each.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/items.hpp>
@@ -27,20 +28,33 @@ class ForEachValue final : public ViewValue {
   std::shared_ptr<const ForEachSource> source;
 };
 
+// A key of the list before.
+struct Place {
+  std::size_t hash;
+  std::size_t index;     // none when it is taken
+  std::ptrdiff_t taken;  // in the first one of a hash: so many from here on are
+};
+
 // Which old child each new one continues, for the part where the lists differ.
 std::vector<std::size_t> matchKeys(const ForEachSource& now, const ForEachSource& before,
                                    std::size_t first, std::size_t nowEnd, std::size_t beforeEnd) {
-  std::unordered_map<std::size_t, std::vector<std::size_t>> places;  // by hash, last one first
-  for (std::size_t j = beforeEnd; j > first; --j) places[before.keyHash(j - 1)].push_back(j - 1);
+  std::vector<Place> places;
+  places.reserve(beforeEnd - first);
+  for (std::size_t j = first; j < beforeEnd; ++j) places.push_back({before.keyHash(j), j, 0});
+  std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
+    return a.hash != b.hash ? a.hash < b.hash : a.index < b.index;
+  });
   std::vector<std::size_t> from(nowEnd - first, ItemArray::npos);
   for (std::size_t i = first; i < nowEnd; ++i) {
-    const auto found = places.find(now.keyHash(i));
-    if (found == places.end()) continue;
-    auto& list = found->second;
-    for (std::size_t k = list.size(); k-- > 0;) {
-      if (!now.sameKey(i, before, list[k])) continue;
-      from[i - first] = list[k];
-      list.erase(list.begin() + static_cast<std::ptrdiff_t>(k));
+    const std::size_t hash = now.keyHash(i);
+    const auto head =
+        std::lower_bound(places.begin(), places.end(), hash,
+                         [](const Place& place, std::size_t h) { return place.hash < h; });
+    if (head == places.end() || head->hash != hash) continue;
+    for (auto p = head + head->taken; p != places.end() && p->hash == hash; ++p) {
+      if (p->index == ItemArray::npos || !now.sameKey(i, before, p->index)) continue;
+      from[i - first] = std::exchange(p->index, ItemArray::npos);
+      if (p == head + head->taken) ++head->taken;
       break;
     }
   }

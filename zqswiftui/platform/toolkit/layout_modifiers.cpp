@@ -196,7 +196,7 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
  public:
   using FieldNode::FieldNode;
   std::string debugName() const override { return "Transform"; }
-  Rect mapFromChild(const Node&, Rect r) const override {
+  Rect mapFromChild(const Node&, const Rect& r) const override {
     const Transform& t = field();
     const double cx = frame().width / 2, cy = frame().height / 2;
     return {cx + (r.x - cx) * t.scale + t.offset.x, cy + (r.y - cy) * t.scale + t.offset.y,

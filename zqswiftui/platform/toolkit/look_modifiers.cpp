@@ -132,7 +132,7 @@ class ClipNode final : public ModifierNode<ClipValue> {
  public:
   using ModifierNode::ModifierNode;
   std::string debugName() const override { return "Clip"; }
-  Rect clipOfChildren(Rect visible) const override { return intersection(visible, localBounds()); }
+  bool clipsChildren() const override { return true; }
   bool hitTest(Point point, HitPath& path) override {
     return localBounds().contains(point) && Node::hitTest(point, path);
   }

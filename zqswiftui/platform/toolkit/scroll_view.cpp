@@ -33,13 +33,13 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
   bool spring(Axis) const override { return false; }
   std::string debugName() const override { return "Scroll"; }
 
-  Rect mapFromChild(const Node& child, Rect r) const override {
+  Rect mapFromChild(const Node& child, const Rect& r) const override {
     return WrapperNode::mapFromChild(child, r).offsetBy({-offset_.x, -offset_.y});
   }
   Point mapToChild(const Node& child, Point p) const override {
     return WrapperNode::mapToChild(child, {p.x + offset_.x, p.y + offset_.y});
   }
-  Rect clipOfChildren(Rect visible) const override { return intersection(visible, localBounds()); }
+  bool clipsChildren() const override { return true; }
   bool hitTest(Point point, HitPath& path) override {
     return localBounds().contains(point) && Node::hitTest(point, path);
   }

@@ -124,10 +124,12 @@ void Node::place(const Rect& frame, const ProposedSize& proposal) {
   if (resized) sizeChanged();
   if (!resized && !layoutDirty_ && !offeredOther) return;
   layoutDirty_ = false;
+  tree_.placingChildrenOf(nullptr);
   layoutChildren();
 }
 
 void Node::noteMove(const Rect& next, bool resized) {
+  tree_.placingChildrenOf(parent_);
   const bool moved = placed_ && next.origin() != frame_.origin();
   const bool other = moved || (resized && sizeShapesContent());
   if (placed_ && other) damageAll();
@@ -174,6 +176,7 @@ void Node::relayout() {
   // One that was never placed has no size yet: whoever places it lays it out.
   if (!layoutDirty_ || !placed_) return;
   layoutDirty_ = false;
+  tree_.placingChildrenOf(nullptr);
   layoutChildren();
 }
 
@@ -237,7 +240,7 @@ void Node::damageOwn() {
   tree_.damage(*this, ownBounds());
 }
 
-Rect Node::mapFromChild(const Node& child, Rect rect) const {
+Rect Node::mapFromChild(const Node& child, const Rect& rect) const {
   const Point moving = child.motionOffset();
   return rect.offsetBy({child.frame_.x + moving.x, child.frame_.y + moving.y});
 }
@@ -247,11 +250,12 @@ Point Node::mapToChild(const Node& child, Point point) const {
   return {point.x - child.frame_.x - moving.x, point.y - child.frame_.y - moving.y};
 }
 
-Rect Node::toWindow(Rect rect) const {
+Rect Node::toWindow(const Rect& rect) const {
+  Rect mapped = rect;
   for (const Node* node = this; node->parent_; node = node->parent_) {
-    rect = node->parent_->mapFromChild(*node, rect);
+    mapped = node->parent_->mapFromChild(*node, mapped);
   }
-  return rect;
+  return mapped;
 }
 
 Point Node::fromWindow(Point point) const {
@@ -260,7 +264,8 @@ Point Node::fromWindow(Point point) const {
 
 Rect Node::visibleRect() const {
   if (!parent_) return localBounds();
-  const Rect outer = parent_->clipOfChildren(parent_->visibleRect());
+  Rect outer = parent_->visibleRect();
+  if (parent_->clipsChildren()) outer = intersection(outer, parent_->localBounds());
   const Point start = parent_->mapToChild(*this, outer.origin());
   const Point end = parent_->mapToChild(*this, {outer.maxX(), outer.maxY()});
   return {start.x, start.y, end.x - start.x, end.y - start.y};

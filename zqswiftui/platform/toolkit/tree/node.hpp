@@ -135,7 +135,7 @@ class Node {
   void endMotion() { motion_.reset(); }
   // This node draws something else from now on.
   virtual void invalidatePicture() { damageAll(); }
-  Rect toWindow(Rect rect) const;
+  Rect toWindow(const Rect& rect) const;
   Point toWindow(Point point) const { return toWindow(Rect{point.x, point.y, 0, 0}).origin(); }
   Point fromWindow(Point point) const;
   Rect visibleRect() const;  // what of this node can be seen, in its own coordinates
@@ -143,9 +143,13 @@ class Node {
   // window.
   bool canBeSeen() const;
   // How a child's coordinates map to this node's.
-  virtual Rect mapFromChild(const Node& child, Rect rect) const;
+  virtual Rect mapFromChild(const Node& child, const Rect& rect) const;
   virtual Point mapToChild(const Node& child, Point point) const;
-  virtual Rect clipOfChildren(Rect visible) const { return visible; }
+  // Whether children show inside of the frame alone.
+  virtual bool clipsChildren() const { return false; }
+  Rect clipOfChildren(const Rect& visible) const {
+    return clipsChildren() ? intersection(visible, localBounds()) : visible;
+  }
 
   // --- Input ---
   // Adds the nodes at the point, the front-most first, to the path; whether there was one.

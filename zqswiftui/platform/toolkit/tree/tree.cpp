@@ -189,6 +189,7 @@ void Tree::addLayoutRoot(Node& node) {
 
 void Tree::layout() {
   if (layoutRoots_.empty() && placed_.empty()) return;
+  layingOut_ = true;
   while (!layoutRoots_.empty()) {
     const auto top =
         std::min_element(layoutRoots_.begin(), layoutRoots_.end(),
@@ -198,14 +199,22 @@ void Tree::layout() {
     node->relayout();
   }
   popovers_.place();
-  // By the time a rectangle is mapped to the window, everything above it stands.
+  damagePlaced();
+  layingOut_ = false;
+  visibilityDirty_ = true;
+  contentChanged();
+}
+
+// By the time a rectangle is mapped to the window, everything above it stands.
+void Tree::damagePlaced() {
+  placingChildrenOf(nullptr);
   for (const Placed& p : std::exchange(placed_, {})) {
     if (!p.node) continue;
     p.node->placedAt_ = -1;
+    placingChildrenOf(p.node->parent());
     p.whole ? p.node->damageAll() : p.node->damageOwn();
   }
-  visibilityDirty_ = true;
-  contentChanged();
+  placingChildrenOf(nullptr);
 }
 
 void Tree::runLater() {
@@ -237,14 +246,38 @@ void Tree::tellVisibility() {
 
 // --- Damage ---
 
-void Tree::damage(const Node& node, Rect rect) {
+void Tree::damage(const Node& node, const Rect& localRect) {
+  if (localRect.empty()) return;
+  const Rect rect = inWindow(node, localRect);
   if (rect.empty()) return;
-  for (const Node* n = &node; n->parent(); n = n->parent()) {
-    rect = n->parent()->clipOfChildren(n->parent()->mapFromChild(*n, rect));
-    if (rect.empty()) return;
-  }
-  damage_.add(intersection(rect, root_->localBounds()));
+  damage_.add(rect);
   requestFrame();
+}
+
+// What of a node's rectangle the clips around it leave.
+Rect Tree::inWindow(const Node& node, const Rect& localRect) {
+  Rect rect = localRect;
+  for (const Node* n = &node; n->parent(); n = n->parent()) {
+    const Node& around = *n->parent();
+    rect = around.mapFromChild(*n, rect);
+    if (&around == ground_.parent && findGround()) {
+      return intersection(rect.offsetBy(ground_.offset), ground_.clip);
+    }
+    if (around.clipsChildren()) rect = intersection(rect, around.localBounds());
+    if (rect.empty()) return {};
+  }
+  return intersection(rect, root_->localBounds());
+}
+
+bool Tree::findGround() {
+  if (ground_.known) return ground_.moved;
+  const Node& parent = *ground_.parent;
+  const Rect one = parent.toWindow(Rect{0, 0, 1, 1});
+  ground_.known = true;
+  ground_.moved = one.width == 1 && one.height == 1;
+  ground_.offset = one.origin();
+  ground_.clip = parent.clipOfChildren(parent.visibleRect()).offsetBy(ground_.offset);
+  return ground_.moved;
 }
 
 void Tree::damageAfterLayout(Node& node, bool whole) {
@@ -281,6 +314,7 @@ void Tree::willRemove(Node& node) {
 // names few of them is searched only for those.
 void Tree::forget(const Node& node) {
   if (node.placedAt_ >= 0) placed_[static_cast<std::size_t>(node.placedAt_)].node = nullptr;
+  if (ground_.parent == &node) ground_ = {};
   pointer_.forget(node);
   focus_.forget(node);
   if (!node.listed_) return;

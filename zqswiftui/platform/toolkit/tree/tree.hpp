@@ -68,8 +68,13 @@ class Tree {
   void contentChanged() { ++accessibilityVersion_; }
 
   // --- Damage ---
-  void damage(const Node& node, Rect localRect);
+  void damage(const Node& node, const Rect& localRect);
   void damageAfterLayout(Node& node, bool whole);
+  // Many neighbours may move one after the other: what is around them is looked at once, until it
+  // may move itself.
+  void placingChildrenOf(const Node* parent) {
+    if (layingOut_ && ground_.parent != parent) ground_ = Ground{parent};
+  }
   Region& damageRegion() { return damage_; }
 
   // --- Removal ---
@@ -98,6 +103,14 @@ class Tree {
     Node* node;
     bool whole;
   };
+  // Where the children of a node lie in the window.
+  struct Ground {
+    const Node* parent = nullptr;
+    bool known = false;
+    bool moved = false;  // and neither scaled nor turned: by the offset alone
+    Point offset{};
+    Rect clip{};  // of the window
+  };
   struct VisibilityListener {
     Node* node;
     std::function<void(const Rect&)> listener;
@@ -108,6 +121,9 @@ class Tree {
   bool applyMarks();
   void evaluate(std::vector<std::shared_ptr<detail::ViewMark>>& marks);
   void layout();
+  void damagePlaced();
+  Rect inWindow(const Node& node, const Rect& localRect);
+  bool findGround();
   void runLater();
   void tellVisibility();
 
@@ -119,6 +135,7 @@ class Tree {
   bool visible_ = true;
   bool inFrame_ = false;
   bool stepping_ = false;
+  bool layingOut_ = false;
   bool visibilityDirty_ = true;
   std::optional<View> nextRoot_;
   std::optional<Animation> animation_;
@@ -129,6 +146,7 @@ class Tree {
   std::deque<Later> later_;
   std::vector<VisibilityListener> visibility_;
   Region damage_;
+  Ground ground_;
   WorkCounts counts_;
   std::uint64_t accessibilityVersion_ = 1;
   TextCache texts_;

@@ -135,6 +135,7 @@ void PainterCanvas::drawShape(const StrokePath& shape, const PlayState& state) {
   const Point origin = grid_.snap(state.origin);
   const Path::Element* line = straightLine(*shape.path, shape.style);
   if (line != nullptr && scaledDepth_ == 0) return drawLine(line, shape, origin, state);
+  if (scaledDepth_ == 0 && drawRing(shape, origin, state)) return;
   setAntialiasing(true);
   const QBrush brush = brushOf(shape.paint, shape.rect.offsetBy(origin), state);
   painter_->strokePath(toPainterPath(*shape.path, origin), penOf(shape.style, brush));
@@ -183,6 +184,23 @@ void PainterCanvas::drawFrame(const StrokePath& shape, const PlayState& state) {
   fill({left, bottom - breadth, right - left, breadth});
   fill({left, top + breadth, breadth, bottom - top - 2 * breadth});
   fill({right - breadth, top + breadth, breadth, bottom - top - 2 * breadth});
+}
+
+// A small outline with round corners, as a picture where it begins and ends on whole pixels.
+bool PainterCanvas::drawRing(const StrokePath& shape, Point origin, const PlayState& state) {
+  const auto* color = std::get_if<Color>(&shape.paint);
+  if (color == nullptr || !(shape.radius > 0) || !shape.style.dash.empty()) return false;
+  const Rect rect = shape.rect.offsetBy(origin);
+  const QSizeF exact(rect.width * grid_.scale, rect.height * grid_.scale);
+  if (!(exact.width() < kMaxSymbolSide && exact.height() < kMaxSymbolSide)) return false;
+  const QSize pixels = exact.toSize();
+  if (!PillCache::takes(pixels) || QSizeF(pixels) != exact) return false;
+  const QRgb tint = toQColor(color->resolve(state.scheme), state.opacity).rgba();
+  const QImage image =
+      PillCache::shared().image(pixels, shape.radius * grid_.scale, shape.continuous, tint,
+                                shape.style.lineWidth * grid_.scale);
+  drawOnPixels(*painter_, grid_, rect, image);
+  return true;
 }
 
 void PainterCanvas::drawShape(const DrawText& text, const PlayState& state) {

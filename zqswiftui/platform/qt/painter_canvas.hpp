@@ -62,6 +62,7 @@ class PainterCanvas final : public Canvas {
   double breadthOf(const StrokeStyle& style) const;
   double lineStart(double middle, double breadth) const;
   void drawFrame(const StrokePath& shape, const PlayState& state);
+  bool drawRing(const StrokePath& shape, Point origin, const PlayState& state);
   void drawLine(const Path::Element* ends, const StrokePath& shape, Point origin,
                 const PlayState& state);
   void drawShape(const DrawText& text, const PlayState& state);

@@ -9,15 +9,21 @@ namespace {
 
 constexpr std::size_t kCapacity = std::size_t{4} << 20;
 
-QImage drawPill(QSize pixels, double radius, bool continuous, QRgb color) {
+QImage drawPill(QSize pixels, double radius, bool continuous, QRgb color, double line) {
   QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
+  const Rect all{0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
+  if (line > 0) {
+    const Path middle = Path().addRoundedRect(all.insetBy(line / 2), radius, continuous);
+    const QPen pen(QColor::fromRgba(color), line, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
+    painter.strokePath(toPainterPath(middle, {}), pen);
+    return image;
+  }
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor::fromRgba(color));
   if (continuous) {
-    const Rect all{0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
     painter.drawPath(toPainterPath(Path().addRoundedRect(all, radius, true), {}));
   } else {
     painter.drawRoundedRect(image.rect(), radius, radius);
@@ -28,7 +34,8 @@ QImage drawPill(QSize pixels, double radius, bool continuous, QRgb color) {
 }  // namespace
 
 std::size_t PillCache::KeyHash::operator()(const Key& key) const {
-  std::size_t hash = std::hash<double>{}(key.radius) * 2 + (key.continuous ? 1 : 0);
+  const std::hash<double> length;
+  std::size_t hash = (length(key.radius) + length(key.line)) * 2 + (key.continuous ? 1 : 0);
   for (const std::size_t part :
        {static_cast<std::size_t>(key.width), static_cast<std::size_t>(key.height),
         static_cast<std::size_t>(key.color)}) {
@@ -42,9 +49,9 @@ PillCache& PillCache::shared() {
   return cache;
 }
 
-QImage PillCache::image(QSize pixels, double radius, bool continuous, QRgb color) {
-  return images_.get({pixels.width(), pixels.height(), radius, continuous, color},
-                     [&] { return drawPill(pixels, radius, continuous, color); });
+QImage PillCache::image(QSize pixels, double radius, bool continuous, QRgb color, double line) {
+  return images_.get({pixels.width(), pixels.height(), radius, continuous, color, line},
+                     [&] { return drawPill(pixels, radius, continuous, color, line); });
 }
 
 }  // namespace zq::qt

@@ -8,9 +8,9 @@
 
 namespace zq::qt {
 
-// Small rectangles with round corners as pictures, drawn once for each size in pixels, radius
-// and colour: a list of tags or buttons holds few different ones, and copying one costs a
-// fraction of tracing its corners. Interface thread only.
+// Small rectangles with round corners, and outlines of such, as pictures, drawn once for each size
+// in pixels, radius and colour: a list of tags or buttons holds few different ones, and copying one
+// costs a fraction of tracing its corners. Interface thread only.
 class PillCache {
  public:
   static PillCache& shared();
@@ -20,8 +20,9 @@ class PillCache {
   static bool takes(QSize pixels) {
     return pixels.width() <= 256 && pixels.height() <= 128 && !pixels.isEmpty();
   }
-  // The radius is in pixels; continuous corners bend more slowly.
-  QImage image(QSize pixels, double radius, bool continuous, QRgb color);
+  // The radius is in pixels; continuous corners bend more slowly. With a width of the line in
+  // pixels it is the outline alone, inside of the size; the radius is that of the line's middle.
+  QImage image(QSize pixels, double radius, bool continuous, QRgb color, double line = 0);
 
  private:
   struct Key {
@@ -30,6 +31,7 @@ class PillCache {
     double radius = 0;
     bool continuous = false;
     QRgb color = 0;
+    double line = 0;
     bool operator==(const Key&) const = default;
   };
   struct KeyHash {

@@ -47,6 +47,9 @@ struct StrokePath {
   Rect rect;  // with the width of the line
   StrokeStyle style;
   Paint paint;
+  // Where the path is all of a rectangle with such corners, so that it need not be traced.
+  double radius = 0;
+  bool continuous = false;
 };
 // Drawn inside the rectangle from its top: wrapped to its width, at most maxLines lines (0: any
 // number), the last one shortened with an ellipsis where the text does not fit. A text that is

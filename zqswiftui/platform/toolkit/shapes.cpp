@@ -43,9 +43,9 @@ class ShapeNode final : public LeafNode {
   // A large outline is mostly a hole, through which others are painted again and again.
   void damageOwn() override {
     const Rect inside = hole();
+    if (isSmall(inside)) return LeafNode::damageOwn();
     // Under a scaling, edges are soft, and not the same where they are painted in parts.
-    const bool scaled = toWindow(Rect{0, 0, 1, 1}).width != 1;
-    if (isSmall(inside) || scaled) return LeafNode::damageOwn();
+    if (toWindow(Rect{0, 0, 1, 1}).width != 1) return LeafNode::damageOwn();
     for (const Rect& edge : around(inside, inked())) tree().damage(*this, edge);
   }
   void paint(PaintPass& pass, Point origin) override {
@@ -143,8 +143,9 @@ void ShapeNode::record(Piece& piece) {
     if (!free) style.lineWidth = std::min(style.lineWidth, std::min(all.width, all.height));
     const auto path =
         std::make_shared<const Path>(free ? *s.path_ : s.outline(all.insetBy(style.lineWidth / 2)));
-    piece.emplace_back(
-        StrokePath{path, path->bounds().insetBy(-style.lineWidth / 2), style, *s.stroke_});
+    const double radius = s.kind_ == ShapeView::Kind::roundedRectangle ? s.radius_ : 0;
+    piece.emplace_back(StrokePath{path, path->bounds().insetBy(-style.lineWidth / 2), style,
+                                  *s.stroke_, radius, s.continuous_});
   }
   if (!s.fill_ && !s.stroke_) {
     recordFill(piece, environment().foreground.value_or(Color::primary()));

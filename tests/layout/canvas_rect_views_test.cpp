@@ -327,6 +327,39 @@ TEST_F(CanvasRects, markRangesOfTime) {
   EXPECT_EQ(outline(screen).width, 250) << "the mark is the view's own once it has appeared";
 }
 
+// What a screen reader reads of a number, and what it sets; the tree is told anew each time.
+TEST_F(CanvasRects, areReadAndPlacedByAScreenReader) {
+  const auto told = [](Harness& screen, const std::string& name) {
+    AccessibilityNode found;
+    const auto search = [&](const auto& self, const AccessibilityNode& node) -> void {
+      if (node.role == Role::slider && node.name == name) found = node;
+      for (const AccessibilityNode& child : node.children) self(self, child);
+    };
+    search(search, screen.host().accessibilityTree());
+    return found;
+  };
+  const auto set = [&](Harness& screen, const std::string& name, double number) {
+    screen.host().accessibilitySetNumber(told(screen, name).id, number);
+    screen.settle();
+    return told(screen, name).number.value_or(AccessibleNumber{-1}).value;
+  };
+  model_->rect = Rect{0.25, 0.25, 0.5, 0.5};
+  Harness handles(draggable(), {400, 400});
+  EXPECT_EQ(told(handles, "Upper left corner").number, (AccessibleNumber{100, 0, 400, 1}));
+  EXPECT_TRUE(told(handles, "Lower right corner").adjustable);
+  EXPECT_EQ(set(handles, "Upper left corner", 150), 150);
+  EXPECT_EQ(set(handles, "Lower right corner", 400), 400);
+  EXPECT_EQ(set(handles, "Lower right corner", std::nan("")), 400);
+  EXPECT_EQ(rect(), (Rect{0.375, 0.25, 0.625, 0.5}));
+  EXPECT_EQ(told_.size(), 2u) << "each is heard as a drag is";
+
+  model_->rect = Rect{200, 100, 400, 200};
+  Harness canvas(drawing(), {960, 540});
+  EXPECT_EQ(told(canvas, "Rectangle").number, (AccessibleNumber{200, 0, 1520, 1}));
+  EXPECT_EQ(set(canvas, "Rectangle", 1520), 1520);
+  EXPECT_EQ(rect(), (Rect{1520, 100, 400, 200}));
+}
+
 // Two marks of ten points whose areas of 24 lie across each other, or on one another.
 TEST_F(CanvasRects, theNearerOfTwoHandlesIsGrabbed) {
   for (const double apart : {0.0, 4.0, 20.0}) {

@@ -29,3 +29,12 @@ if(NOT ZQ_XCB_LIBRARY OR NOT ZQ_XCB_INCLUDE)
 endif()
 target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_XCB_INCLUDE})
 target_link_libraries(zq_qt PRIVATE xcb)
+
+# libpng: Qt's reader lets it print what is wrong with a file on standard error.
+find_library(ZQ_PNG_LIBRARY NAMES png16 png)
+find_path(ZQ_PNG_INCLUDE png.h)
+if(NOT ZQ_PNG_LIBRARY OR NOT ZQ_PNG_INCLUDE)
+  message(FATAL_ERROR "libpng is missing: install libpng-dev, or configure with -DZQ_QT=OFF.")
+endif()
+target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_PNG_INCLUDE})
+target_link_libraries(zq_qt PRIVATE png16)

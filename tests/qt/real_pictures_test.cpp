@@ -82,6 +82,26 @@ QByteArray claiming(std::uint32_t width, std::uint32_t height) {
   return file;
 }
 
+// One whose checksums are right though its compressed pixels are none; with a chunk before them.
+QByteArray misPacked(const QByteArray& chunk = {}) {
+  QByteArray file = encoded(toQImage(noise(30, 20)), "PNG");
+  const qsizetype name = file.indexOf("IDAT");
+  const auto number = [&](qsizetype at) { return file.mid(at, 4).toHex().toLong(nullptr, 16); };
+  const qsizetype length = number(name - 4);
+  for (qsizetype i = 40; i < 60; ++i) file[name + 4 + i] = '\xff';
+  put(file, name + 4 + length, crcOf(file.mid(name, 4 + length)));
+  return file.insert(33, chunk);
+}
+
+// A chunk that is whole: its length, its name and content, and their sum.
+QByteArray chunkOf(const QByteArray& named) {
+  QByteArray chunk(4, 0);
+  put(chunk, 0, static_cast<std::uint32_t>(named.size() - 4));
+  chunk += named + QByteArray(4, 0);
+  put(chunk, chunk.size() - 4, crcOf(named));
+  return chunk;
+}
+
 bool reads(const char* format) {
   return QImageReader::supportedImageFormats().contains(format);
 }
@@ -184,6 +204,11 @@ TEST_F(RealPictures, thatAreNoneFailWithAReasonAndTakeNoMemory) {
       {"cut.jpg", encoded(plain(300, 200), "JPG").left(500), "no whole picture"},
       {"header.png", png.left(33), "no whole picture"},
       {"damaged.png", damaged, "no whole picture"},
+      {"mispacked.png", misPacked(), "no whole picture"},
+      {"mispacked, of other colours.png", misPacked(chunkOf(QByteArray("gAMA\0\1\x86\xa0", 8))),
+       "no whole picture"},
+      {"of no profile.png", misPacked(chunkOf("iCCPname")), "no whole picture"},
+      {"nothing in it.png", claiming(11000, 12000), "no whole picture"},
       {"cut.gif", gif().left(gif().size() - 2), "no whole picture"},
       {"cut in its head.gif", gif().left(25), "no whole picture"},
       {"cut.webp", reads("webp") ? cutWebp : QByteArray(), "no whole picture"},

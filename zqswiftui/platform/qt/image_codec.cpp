@@ -9,7 +9,7 @@
 #include <mutex>
 #include <utility>
 #include <zqswiftui/platform/qt/image_codec.hpp>
-#include <zqswiftui/platform/qt/png_check.hpp>
+#include <zqswiftui/platform/qt/png_reading.hpp>
 #include <zqswiftui/platform/qt/quiet_reading.hpp>
 
 namespace zq::qt {
@@ -92,7 +92,7 @@ bool isCutGif(std::span<const std::uint8_t> file) {
 }
 
 bool isDamaged(std::span<const std::uint8_t> file) {
-  return isCutJpeg(file) || isCutBmp(file) || isCutGif(file) || isDamagedPng(file);
+  return isCutJpeg(file) || isCutBmp(file) || isCutGif(file);
 }
 
 // Pixels that a reader may write into, as large as the picture is going to be. Each page that is
@@ -112,20 +112,19 @@ bool holds(const Pixels& room, const QImage& image) {
          (image.format() == QImage::Format_RGB32 || image.format() == QImage::Format_ARGB32);
 }
 
+void premultiply(Pixels& pixels) {
+  auto* const all = reinterpret_cast<QRgb*>(pixels.rgba.data());
+  for (std::size_t i = 0; i < pixels.rgba.size() / 4; ++i) all[i] = qPremultiply(all[i]);
+}
+
 // From one order of the four bytes to the other.
 void turnAround(Pixels& pixels, bool opaque) {
+  if (!opaque) premultiply(pixels);
   auto* const all = reinterpret_cast<QRgb*>(pixels.rgba.data());
-  const std::size_t count = pixels.rgba.size() / 4;
-  if (opaque) {
-    for (std::size_t i = 0; i < count; ++i) {
-      const QRgb p = all[i];
-      all[i] = 0xff000000U | (p & 0xff00U) | (p << 16 & 0xff0000U) | (p >> 16 & 0xffU);
-    }
-    return;
-  }
-  for (std::size_t i = 0; i < count; ++i) {
-    const QRgb p = qPremultiply(all[i]);
-    all[i] = (p & 0xff00ff00U) | (p << 16 & 0xff0000U) | (p >> 16 & 0xffU);
+  const QRgb alpha = opaque ? 0xff000000U : 0;
+  for (std::size_t i = 0; i < pixels.rgba.size() / 4; ++i) {
+    const QRgb p = all[i];
+    all[i] = alpha | (p & 0xff00ff00U) | (p << 16 & 0xff0000U) | (p >> 16 & 0xffU);
   }
 }
 
@@ -136,6 +135,28 @@ Pixels toPixels(QImage image) {
           Bytes(rgba.constBits(), rgba.constBits() + rgba.sizeInBytes())};
 }
 
+// Our pixels are sRGB; a file that says nothing of its colours has them already.
+QImage toStandardColours(QImage image) {
+  if (image.colorSpace().isValid()) image.convertToColorSpace(QColorSpace::SRgb);
+  return image;
+}
+
+std::optional<Pixels> decodePng(std::span<const std::uint8_t> bytes, const DecodeLimits& limits) {
+  std::optional<PngPicture> png = readPng(bytes, limits.maxPixels);
+  if (!png) return std::nullopt;
+  Pixels& pixels = png->pixels;
+  const QSize size(pixels.width, pixels.height), wanted = fitted(size, limits.maxSide);
+  if (wanted == size && !png->colours.isValid()) {
+    if (!png->opaque) premultiply(pixels);
+    return std::move(pixels);
+  }
+  QImage image(pixels.rgba.data(), size.width(), size.height(), qsizetype{4} * size.width(),
+               png->opaque ? QImage::Format_RGBX8888 : QImage::Format_RGBA8888);
+  if (wanted != size) image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  image.setColorSpace(png->colours);
+  return toPixels(toStandardColours(std::move(image)));
+}
+
 }  // namespace
 
 ImageCodec::ImageCodec() {
@@ -144,6 +165,7 @@ ImageCodec::ImageCodec() {
 
 std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
                                          const DecodeLimits& limits) const {
+  if (isPng(bytes)) return decodePng(bytes, limits);
   QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                             static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);
@@ -173,14 +195,14 @@ std::optional<Pixels> ImageCodec::decode(std::span<const std::uint8_t> bytes,
   if (const QSize wanted = fitted(image.size(), limits.maxSide); wanted != image.size()) {
     image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
-  // Our pixels are sRGB; a file that says nothing of its colours has them already.
-  if (image.colorSpace().isValid()) image.convertToColorSpace(QColorSpace::SRgb);
+  image = toStandardColours(std::move(image));
   if (!holds(room, image)) return toPixels(std::move(image));
   turnAround(room, image.format() == QImage::Format_RGB32);
   return room;
 }
 
 std::int64_t ImageCodec::declaredPixels(std::span<const std::uint8_t> bytes) const {
+  if (isPng(bytes)) return declaredPngPixels(bytes);
   QByteArray data = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                             static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <random>
 #include <tests/qt/support.hpp>
 #include <zqswiftui/platform/qt/desktop_documents.hpp>
 #include <zqswiftui/platform/qt/mounted_shares.hpp>
@@ -101,6 +102,43 @@ TEST(QtRecentList, ofADamagedListWhatStandsBeforeTheDamageIsRead) {
   }
   for (const char* nonsense : {"no xml", "<html/>", "<xbel", "\xff\xfe", "<xbel></other>"}) {
     EXPECT_TRUE(withDocument(undamaged(nonsense), opened("file:///next"))) << nonsense;
+  }
+}
+
+// Bytes changed, cut, doubled and brought in, always the same way.
+QByteArray mutated(std::mt19937& random, QByteArray list) {
+  static const QByteArray pieces[] = {
+      "<",       ">",          "/>", "&amp;",          "&",   "]]>", "<!--", "<bookmark ",
+      "</info>", "href=\"x\"", "\"", QByteArray(1, 0), "\xc3"};
+  for (unsigned i = random() % 4 + 1; i > 0 && !list.isEmpty(); --i) {
+    const auto at = static_cast<qsizetype>(random() % static_cast<unsigned>(list.size()));
+    const auto length = static_cast<qsizetype>(random() % 120);
+    switch (random() % 4) {
+      case 0:
+        list[at] = static_cast<char>(random());
+        break;
+      case 1:
+        list.remove(at, length);
+        break;
+      case 2:
+        list.insert(at, list.mid(static_cast<qsizetype>(random() % 900), length));
+        break;
+      default:
+        list.insert(at, pieces[random() % std::size(pieces)]);
+    }
+  }
+  return list;
+}
+
+TEST(QtRecentList, whateverStandsInItTheNextDocumentComesIn) {
+  const OpenedDocument next = opened("file:///next");
+  std::mt19937 random(1);  // NOLINT: the same each time
+  for (int i = 0; i < 3000; ++i) {
+    const QByteArray list = mutated(random, kForeign);
+    auto written = withDocument(list, next);
+    if (!written) written = withDocument(undamaged(list), next);
+    ASSERT_TRUE(written) << list.toStdString();
+    EXPECT_TRUE(documentsOf(*written, {kUs}).contains(next.href)) << list.toStdString();
   }
 }
 

@@ -223,11 +223,12 @@ QStringList documentsOf(const QByteArray& list, const QStringList& applications)
 }
 
 std::optional<QByteArray> withDocument(const QByteArray& list, const OpenedDocument& document) {
+  if (list.contains('\0')) return std::nullopt;  // Qt's reader lets it pass in some places
   return ListCopy(list.trimmed().isEmpty() ? emptyList() : list, document).run();
 }
 
 QByteArray undamaged(const QByteArray& list) {
-  QXmlStreamReader reader(list);
+  QXmlStreamReader reader(list.split('\0').front());
   reader.setNamespaceProcessing(false);
   QByteArray copy;
   QXmlStreamWriter writer(&copy);

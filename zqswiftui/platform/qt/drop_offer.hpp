@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 #include <zqswiftui/platform/services/drag_data.hpp>
 
@@ -21,10 +20,5 @@ std::vector<std::string> offeredTypes(const QMimeData& mime);
 
 // One item for each address, then one for the text, where these types are among the wanted.
 DragItems offeredItems(const QMimeData& mime, const std::vector<std::string>& wanted);
-
-// A line of a list as an address of escaped ASCII, as every item gives it: blanks and all that is
-// not ASCII are escaped, escapes stay, and file: addresses of this machine have no host. Addresses
-// of other machines stay as they are. Any thread.
-std::string addressOf(std::string_view line, std::string_view thisHost);
 
 }  // namespace zq::qt

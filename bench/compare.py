@@ -22,7 +22,7 @@ PICTURE_PROGRAMS = ('ours', 'floor', 'qt-quick')
 # With the programs that can: a Repeater of all ticks of a day has no end.
 MEDIA_JOBS = [('ruler', 10), ('ruler', 100), ('ruler', 86400, 'ours'), ('timeline', 1000),
               ('canvas-rects', 500, 'ours'), ('notifications', 1000000, 'ours')]
-FILE_JOBS = [('drop', 10000)]
+FILE_JOBS = [('drop', 10000), ('recent', 5000)]
 FILE_PROGRAMS = ('ours', 'qt-widgets')
 MEDIA_PROGRAMS = ('ours', 'qt-quick')
 
@@ -64,6 +64,10 @@ BARS = [
     ('a million posts', 'M4', 1000000, 'ms', 1000, 1),
     ('a drop of files', 'F1', 10000, 'ms', 50, 1),
     ('longest stall', 'F1-longest', 10000, 'qt-widgets', 'F1-longest', 1),
+    ('panel painted', 'R1', 5000, 'ms', 30, 1),
+    ('a key in the search', 'R2', 5000, 'ms', 8, 1),
+    ('its longest', 'R2-longest', 5000, 'ms', 8, 1),
+    ('hover of a row', 'R3', 5000, 'qt-widgets', 'R3', 1),
 ]
 
 
@@ -163,7 +167,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument('--pictures', action='store_true', help='walls of pictures, not tags')
     parser.add_argument('--media', action='store_true', help='rulers and timelines, not tags')
-    parser.add_argument('--files', action='store_true', help='files dropped at once, not tags')
+    parser.add_argument('--files', action='store_true', help='files dropped, and listed, not tags')
     parser.add_argument('--rounds', type=int, default=5)
     parser.add_argument('--raw', type=argparse.FileType('a'), help='keeps every result as JSON')
     parser.add_argument('programs', nargs='+', metavar='NAME=COMMAND')
@@ -177,7 +181,9 @@ def main():
         found = run(commands, MEDIA_JOBS, None, arguments.rounds, arguments.raw)
     elif arguments.files:
         commands = [(name, command) for name, command in commands if name in FILE_PROGRAMS]
-        found = run(commands, FILE_JOBS, None, arguments.rounds, arguments.raw)
+        with tempfile.TemporaryDirectory() as folder:
+            os.environ['XDG_CONFIG_HOME'] = folder  # the panel keeps there that it is open
+            found = run(commands, FILE_JOBS, None, arguments.rounds, arguments.raw)
     else:
         found = run(commands, JOBS, None, arguments.rounds, arguments.raw)
     names = [name for name, _ in commands]

@@ -5,6 +5,7 @@
 
 #include "media_jobs.hpp"
 #include "pictures.hpp"
+#include "recent_job.hpp"
 #include "scene.hpp"
 
 // This library on the work that the other programs of the comparison do.
@@ -225,7 +226,7 @@ void firstFrame(const Program& program) {
 int main(int argc, char** argv) {
   const bench::Program program("ours", argc, argv);
   QApplication application(argc, argv);
-  const zq::qt::Platform platform(application);
+  const zq::qt::Platform platform(application, bench::openedList().toStdString());
   return program.run(bench::items, bench::firstFrame, [](const bench::Arguments& arguments) {
     return bench::pictures(arguments) || bench::media(arguments);
   });

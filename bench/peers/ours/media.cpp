@@ -8,7 +8,8 @@ bool media(const Arguments& arguments) {
                                   {"timeline", timeline},
                                   {"canvas-rects", canvasRects},
                                   {"notifications", notifications},
-                                  {"drop", drop}};
+                                  {"drop", drop},
+                                  {"recent", recent}};
   return runMedia(arguments, jobs);
 }
 

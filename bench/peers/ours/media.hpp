@@ -13,6 +13,7 @@ void timeline(const Arguments& arguments);
 void canvasRects(const Arguments& arguments);
 void notifications(const Arguments& arguments);
 void drop(const Arguments& arguments);
+void recent(const Arguments& arguments);
 
 // What is shown of the media; an assignment shows something else of it.
 template <class T>

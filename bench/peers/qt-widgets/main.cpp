@@ -16,7 +16,8 @@
 // itself paints into the window's pixels, which is only what is dirty.
 namespace bench {
 
-bool drop(const Arguments& arguments);  // in drop.cpp
+bool drop(const Arguments& arguments);    // in drop.cpp
+bool recent(const Arguments& arguments);  // in recent.cpp
 
 namespace {
 
@@ -263,5 +264,7 @@ int main(int argc, char** argv) {
   const bench::Program program("qt-widgets", argc, argv);
   QApplication application(argc, argv);
   bench::dress();
-  return program.run(bench::items, bench::firstFrame, bench::drop);
+  return program.run(bench::items, bench::firstFrame, [](const bench::Arguments& arguments) {
+    return bench::drop(arguments) || bench::recent(arguments);
+  });
 }

@@ -82,7 +82,7 @@ TEST_F(RecentFiles, aShareThatDoesNotAnswerKeepsNobodyWaiting) {
   std::condition_variable changed;
   bool released = false;
   int waiting = 0, ended = 0;
-  const detail::AskFile ask = [&](const Url& url) -> std::optional<detail::FileFacts> {
+  const detail::AskFile ask = [&](const Url& url) -> std::optional<FileFacts> {
     if (url.path().starts_with("/dead")) {
       std::unique_lock lock(mutex);
       ++waiting;
@@ -90,7 +90,7 @@ TEST_F(RecentFiles, aShareThatDoesNotAnswerKeepsNobodyWaiting) {
       ++ended;
       changed.notify_all();
     }
-    return detail::FileFacts{};
+    return FileFacts{};
   };
   const std::vector<Documents::Recent> documents{
       {Url::file("/dead/a"), "/dead"}, {Url::file("/dead/b"), "/dead"}, {Url::file("/home/c"), ""}};

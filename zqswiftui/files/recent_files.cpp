@@ -143,11 +143,6 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
 
 }  // namespace
 
-std::optional<FileFacts> factsOf(const Url& url) {
-  if (!fu_fileExists(url)) return std::nullopt;
-  return FileFacts{fu_getFileSize(url), fu_getModificationDate(url)};
-}
-
 RecentFile::RecentFile(Url file, std::optional<FileFacts> known)
     : url(std::move(file)), loweredPath(lowercased(url.path())), facts(known) {}
 

@@ -1,8 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <chrono>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,21 +8,11 @@
 #include <string_view>
 #include <vector>
 #include <zqswiftui/platform/base/documents.hpp>
+#include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 
 // Inside of files/ only.
 namespace zq::detail {
-
-// What the disk says of a file that exists.
-struct FileFacts {
-  std::int64_t size = 0;  // in bytes
-  std::optional<std::chrono::system_clock::time_point> modified = std::nullopt;
-  bool operator==(const FileFacts&) const = default;
-};
-
-// Waits for the disk, which may be somebody else's and never answer. Absent: there is no such
-// file. Any thread.
-std::optional<FileFacts> factsOf(const Url& url);
 
 // A file of the list, with what searching it and showing it takes.
 struct RecentFile {

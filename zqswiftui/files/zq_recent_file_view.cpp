@@ -22,11 +22,11 @@ constexpr double kPadding = 4;
 constexpr const char* kDatePattern = "dd MMM yy [HH:mm]";
 
 // Absent before the first answer. A state's cell may go while the disk is asked.
-using Facts = State<std::optional<detail::FileFacts>>;
+using Facts = State<std::optional<FileFacts>>;
 
 void ask(const Url& url, const Facts& facts) {
   Queue::execute(true, [url, facts] {
-    const auto found = detail::factsOf(url).value_or(detail::FileFacts{});
+    const auto found = fu_getFileFacts(url).value_or(FileFacts{});
     XMain::executeWhileThere([facts, found] { facts.set(found); });
   });
 }
@@ -43,7 +43,7 @@ ZQRecentFileView::ZQRecentFileView(std::shared_ptr<const detail::RecentFile> fil
 
 View ZQRecentFileView::body(Context& context) const {
   const auto isOver = context.state(false);
-  const auto facts = context.state<std::optional<detail::FileFacts>>(file_->facts);
+  const auto facts = context.state<std::optional<FileFacts>>(file_->facts);
   const std::string name = file_->url.name();
   const std::string size = *facts ? fu_getReadableFileSizeBySize((*facts)->size) : "";
   const std::string date =

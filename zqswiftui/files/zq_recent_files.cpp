@@ -63,7 +63,7 @@ ZQRecentFilesVM::ZQRecentFilesVM() : self_(std::make_shared<ZQRecentFilesVM*>(th
   const std::weak_ptr weak(self_);
   Documents::recent([weak](std::vector<Documents::Recent> documents) {
     if (weak.expired()) return;
-    detail::gatherRecentFiles(std::move(documents), detail::factsOf, [weak](const Files& found) {
+    detail::gatherRecentFiles(std::move(documents), fu_getFileFacts, [weak](const Files& found) {
       const auto self = weak.lock();
       if (!self) return;
       std::vector<Url> urls;

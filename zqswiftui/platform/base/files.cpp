@@ -149,9 +149,8 @@ bool isSafeFileName(std::string_view name) {
 }
 
 bool fu_fileExists(const Url& url, std::optional<std::int64_t> minSizeInKB) {
-  struct stat info {};
-  if (!url.isFile() || ::stat(url.path().c_str(), &info) != 0) return false;
-  return !minSizeInKB || info.st_size / 1024 >= *minSizeInKB;
+  const auto facts = fu_getFileFacts(url);
+  return facts && (!minSizeInKB || facts->size / 1024 >= *minSizeInKB);
 }
 
 bool fu_createFolderIfNeeded(const Url& folder) {
@@ -177,19 +176,24 @@ Url fu_getCacheFolderUrl(bool user) {
   return Url::file(fs::temp_directory_path(error).string());
 }
 
-std::int64_t fu_getFileSize(const Url& url) {
+std::optional<FileFacts> fu_getFileFacts(const Url& url) {
   struct stat info {};
-  if (!url.isFile() || ::stat(url.path().c_str(), &info) != 0) return 0;
-  return info.st_size;
+  if (!url.isFile() || ::stat(url.path().c_str(), &info) != 0) return std::nullopt;
+  return FileFacts{info.st_size,
+                   std::chrono::system_clock::time_point(
+                       std::chrono::duration_cast<std::chrono::system_clock::duration>(
+                           std::chrono::seconds(info.st_mtim.tv_sec) +
+                           std::chrono::nanoseconds(info.st_mtim.tv_nsec)))};
+}
+
+std::int64_t fu_getFileSize(const Url& url) {
+  const auto facts = fu_getFileFacts(url);
+  return facts ? facts->size : 0;
 }
 
 std::optional<std::chrono::system_clock::time_point> fu_getModificationDate(const Url& url) {
-  struct stat info {};
-  if (!url.isFile() || ::stat(url.path().c_str(), &info) != 0) return std::nullopt;
-  return std::chrono::system_clock::time_point(
-      std::chrono::duration_cast<std::chrono::system_clock::duration>(
-          std::chrono::seconds(info.st_mtim.tv_sec) +
-          std::chrono::nanoseconds(info.st_mtim.tv_nsec)));
+  const auto facts = fu_getFileFacts(url);
+  return facts ? facts->modified : std::nullopt;
 }
 
 std::string fu_getReadableFileSizeBySize(std::int64_t bytes) {

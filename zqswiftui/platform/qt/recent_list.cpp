@@ -178,25 +178,23 @@ QByteArray emptyList() {
 
 // The last time at which one of the applications opened the document, in milliseconds; absent
 // where none of them has registered it. Reads to the end of the bookmark.
-std::optional<qint64> registration(QXmlStreamReader& reader, const QStringList& applications) {
-  const auto moment = [](QStringView text) {
-    const QDateTime when = QDateTime::fromString(text.toString(), Qt::ISODateWithMs);
+std::optional<qint64> registration(QXmlStreamReader& reader, const QString& modified,
+                                   const QStringList& applications) {
+  const auto moment = [](const QString& text) {
+    const QDateTime when = QDateTime::fromString(text, Qt::ISODateWithMs);
     return when.isValid() ? when.toMSecsSinceEpoch() : 0;
   };
-  const qint64 modified = moment(reader.attributes().value(QLatin1String("modified")));
   std::optional<qint64> last;
   for (int depth = 1; depth > 0 && !reader.atEnd();) {
     reader.readNext();
     if (reader.isEndElement()) --depth;
     if (!reader.isStartElement()) continue;
     ++depth;
+    if (localName(reader.qualifiedName()) != u"application") continue;
     const QXmlStreamAttributes attributes = reader.attributes();
-    if (localName(reader.qualifiedName()) != u"application" ||
-        !applications.contains(attributes.value(QLatin1String("name")))) {
-      continue;
-    }
-    const qint64 own = moment(attributes.value(QLatin1String("modified")));
-    last = std::max(last.value_or(0), own > 0 ? own : modified);
+    if (!applications.contains(attributes.value(QLatin1String("name")))) continue;
+    const qint64 own = moment(attributes.value(QLatin1String("modified")).toString());
+    last = std::max(last.value_or(0), own > 0 ? own : moment(modified));
   }
   if (reader.hasError()) return std::nullopt;  // half an entry is none
   return last;
@@ -211,8 +209,10 @@ QStringList documentsOf(const QByteArray& list, const QStringList& applications)
   while (!reader.atEnd()) {
     reader.readNext();
     if (!reader.isStartElement() || localName(reader.qualifiedName()) != u"bookmark") continue;
-    const QString href = reader.attributes().value(QLatin1String("href")).toString();
-    const auto when = registration(reader, applications);
+    const QXmlStreamAttributes attributes = reader.attributes();
+    const QString href = attributes.value(QLatin1String("href")).toString();
+    const QString modified = attributes.value(QLatin1String("modified")).toString();
+    const auto when = registration(reader, modified, applications);
     if (when && !href.isEmpty() && href.size() <= kMaxHref) found.emplace_back(*when, href);
   }
   std::stable_sort(found.begin(), found.end(),

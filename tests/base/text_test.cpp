@@ -146,6 +146,11 @@ TEST(Dates, patternsOfLettersAndOtherText) {
                     {"'open", "open"},
                     {"", ""}};
   for (const auto& [pattern, text] : cases) EXPECT_EQ(du_formatDate(date, pattern), text);
+  ::setenv("TZ", "IST-5:30", 1);
+  ::tzset();
+  EXPECT_EQ(du_formatDate(date, "dd MMM yy [HH:mm]"), "07 Mar 09 [09:35]") << "the user's zone";
+  ::setenv("TZ", "UTC", 1);
+  ::tzset();
 }
 
 }  // namespace

@@ -213,6 +213,7 @@ TEST_F(RecentFiles, aRowShowsNameSizeAndDateAndIsMarkedUnderThePointer) {
   EXPECT_TRUE(size);
   EXPECT_EQ(size.font.size, 12);
   EXPECT_TRUE(h.findText(date));
+  EXPECT_NE(h.displayList().find("middle"), std::string::npos) << "a long name keeps its end";
   const std::size_t plain = h.drawn().size();
   h.hover(h.find(Role::button));
   h.advance(1);

@@ -46,7 +46,8 @@ TEST_F(ZQLocalURLImageTest, showsThePictureInTheMiddleAndNothingWithoutOne) {
   EXPECT_EQ(decoded(), std::vector{8});
   ASSERT_EQ(screen.drawn().size(), 2U);
   const Rect first = screen.drawn()[0].bounds, second = screen.drawn()[1].bounds;
-  EXPECT_DOUBLE_EQ(first.width, 2 * first.height);
+  EXPECT_DOUBLE_EQ(first.width, 120);
+  EXPECT_DOUBLE_EQ(first.height, 60);
   EXPECT_DOUBLE_EQ(first.midX(), 60);
   EXPECT_DOUBLE_EQ(second.midX(), 180);
   EXPECT_DOUBLE_EQ(first.midY(), 50);

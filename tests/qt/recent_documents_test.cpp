@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <filesystem>
 #include <random>
 #include <tests/qt/support.hpp>
 #include <zqswiftui/platform/qt/desktop_documents.hpp>
@@ -100,6 +101,7 @@ TEST(QtRecentList, ofADamagedListWhatStandsBeforeTheDamageIsRead) {
       EXPECT_FALSE(withDocument(part, opened("file:///next"))) << cut;
     }
   }
+  EXPECT_FALSE(withDocument("<html/>", opened("file:///next"))) << "no list of ours";
   for (const char* nonsense : {"no xml", "<html/>", "<xbel", "\xff\xfe", "<xbel></other>"}) {
     EXPECT_TRUE(withDocument(undamaged(nonsense), opened("file:///next"))) << nonsense;
   }
@@ -155,12 +157,25 @@ TEST(QtMountedShares, theInnermostMountDecides) {
            {"/mnt/office", "/mnt/office"},
            {"/mnt/office/a/b", "/mnt/office"},
            {"/mnt/officer", ""},
-           {"/mnt/office/local/c", ""},
+           {"/mnt/office/local/c", "/mnt/office"},  // the way leads through it
            {"/run/user/1000/gvfs/smb-share:server=x/y", "/run/user/1000/gvfs"},
            {"/mnt/two words/d", "/mnt/two words"},
            {"", ""}}) {
     EXPECT_EQ(shares.shareOf(path), share) << path;
   }
+
+  const QTemporaryDir folder;
+  const std::string home = folder.path().toStdString();
+  const auto link = [&](const char* to, const std::string& name) {
+    std::filesystem::create_symlink(to, home + "/" + name);
+    return home + "/" + name;
+  };
+  const std::string nas = link("/mnt/office/x", "nas"), round = link("round", "round");
+  link("nas/deep", "way");
+  EXPECT_EQ(shares.shareOf(nas + "/a.txt"), "/mnt/office");
+  EXPECT_EQ(shares.shareOf(home + "/way/a.txt"), "/mnt/office");
+  EXPECT_EQ(shares.shareOf(link("/etc", "here") + "/passwd"), "");
+  EXPECT_EQ(shares.shareOf(round + "/a"), "");
 }
 
 // The service, on a data folder of its own.

@@ -372,7 +372,7 @@ TEST(QtFileDialogRequests, reachTheDialogAsTheyWereAsked) {
       {{Kind::openFile, "Title", "Message", {"png", "jpg"}, path},
        QFileDialog::ExistingFile,
        QStringLiteral("Title"),
-       {QStringLiteral("(*.png *.jpg)")}},
+       {QStringLiteral("(*.png *.PNG *.jpg *.JPG)")}},
       {{Kind::openFiles, "", "Message", {}, path},
        QFileDialog::ExistingFiles,
        QStringLiteral("Message"),

@@ -148,6 +148,7 @@ TEST(Texts, wrapShortenAndKeepToTheirLines) {
       {Text(words), {102, 16}},
       {Text(words).frame({.width = 70}), {70, 32}},
       {Text(words).lineLimit(1).frame({.width = 70}), {70, 16}},
+      {Text(words).truncationInTheMiddle().frame({.width = 70}), {70, 16}},
       {Text(words).font(Font::system(10)), {78, 12}},
       {Text("one\ntwo"), {24, 32}},
       {Text(""), {0, 16}},

@@ -16,7 +16,7 @@ namespace zq::detail {
 namespace {
 
 // The shares that have been asked and have not answered in time. Nobody asks them again before
-// they do, so that each holds up one thread at most.
+// they do, so that the threads they hold up do not grow in number.
 class SilentShares {
  public:
   static SilentShares& all() {
@@ -43,28 +43,23 @@ class SilentShares {
   std::set<std::string> places_;
 };
 
-RecentFileList newestFirst(std::vector<std::pair<Url, FileFacts>> found) {
+void sortNewestFirst(RecentFileList& list) {
   struct Entry {
     std::chrono::system_clock::time_point date;
     std::string path;
-    std::size_t index;
+    std::shared_ptr<const RecentFile> file;
   };
+  constexpr auto kOldest = std::chrono::system_clock::time_point::min();
   std::vector<Entry> order;
-  order.reserve(found.size());
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    constexpr auto kOldest = std::chrono::system_clock::time_point::min();
-    order.push_back({found[i].second.modified.value_or(kOldest), found[i].first.path(), i});
+  order.reserve(list.size());
+  for (auto& file : list) {
+    order.push_back({file->facts->modified.value_or(kOldest), file->url.path(), file});
   }
   std::sort(order.begin(), order.end(), [](const Entry& a, const Entry& b) {
-    return std::tie(b.date, a.path, a.index) < std::tie(a.date, b.path, b.index);
+    return std::tie(b.date, a.path, a.file->url) < std::tie(a.date, b.path, b.file->url);
   });
-  RecentFileList list;
-  list.reserve(order.size());
-  for (const Entry& entry : order) {
-    auto& [url, facts] = found[entry.index];
-    list.push_back(std::make_shared<const RecentFile>(std::move(url), facts));
-  }
-  return list;
+  std::transform(order.begin(), order.end(), list.begin(),
+                 [](Entry& entry) { return std::move(entry.file); });
 }
 
 // One gathering, held by the threads that ask and by the deadlines.
@@ -114,22 +109,23 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
   // Whether there is still somebody to ask for.
   bool take(const Url& url) {
     const auto facts = ask_(url);
+    const auto file = facts ? std::make_shared<const RecentFile>(url, facts) : nullptr;
     const std::lock_guard lock(mutex_);
-    if (facts && !told_) found_.emplace_back(url, *facts);
+    if (file && !told_) found_.push_back(file);
     return !told_;
   }
 
   void placeEnded() {
     if (--waiting_ > 0) return;
-    std::vector<std::pair<Url, FileFacts>> found;
+    RecentFileList found;
     {
       const std::lock_guard lock(mutex_);
       told_ = true;
       found = std::move(found_);
     }
     Queue::execute(true, [found = std::move(found), tell = std::move(tell_)]() mutable {
-      XMain::executeWhileThere(
-          [list = newestFirst(std::move(found)), tell = std::move(tell)] { tell(list); });
+      sortNewestFirst(found);
+      XMain::executeWhileThere([found = std::move(found), tell = std::move(tell)] { tell(found); });
     });
   }
 
@@ -138,7 +134,7 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
   std::size_t waiting_ = 0;
   std::mutex mutex_;
   bool told_ = false;
-  std::vector<std::pair<Url, FileFacts>> found_;
+  RecentFileList found_;
 };
 
 }  // namespace

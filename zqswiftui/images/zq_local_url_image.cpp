@@ -48,8 +48,8 @@ ZQLocalURLImageView::ZQLocalURLImageView(std::optional<Url> url, const Parameter
 View ZQLocalURLImageView::body(Context& context) const {
   const auto picture = context.observe(image_).image_.snapshot();
   if (!url_ || !*picture) return {};
-  const View row = HStack({Spacer(), Image(**picture).resizable(), Spacer()});
-  return VStack({Spacer(), row, Spacer()});
+  const View row = HStack({.spacing = 0}, {Spacer(), Image(**picture).resizable(), Spacer()});
+  return VStack({.spacing = 0}, {Spacer(), row, Spacer()});
 }
 
 }  // namespace zq

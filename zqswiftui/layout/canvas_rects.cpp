@@ -148,7 +148,10 @@ Rect rectAtPlace(const Rect& rect, double place, CanvasRectBound bound) {
 }
 
 RectCorners cornersOf(const Rect& rect) {
-  return {finite(rect.x), finite(rect.y), finite(rect.maxX()), finite(rect.maxY())};
+  // A corner that was dragged across the other leaves a rectangle of negative width or height.
+  const double x = finite(rect.x), y = finite(rect.y);
+  const double otherX = finite(rect.maxX()), otherY = finite(rect.maxY());
+  return {std::min(x, otherX), std::min(y, otherY), std::max(x, otherX), std::max(y, otherY)};
 }
 
 std::optional<Size> panOf(Size translation, Size view) {

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <mutex>
 #include <tuple>
+#include <unordered_map>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/work.hpp>
@@ -51,6 +52,12 @@ Result<QByteArray> readList(const std::string& path) {
                     static_cast<qsizetype>(bytes.value().size()));
 }
 
+// Of a file in a folder of this machine.
+bool isLink(const std::string& file) {
+  struct stat info {};
+  return ::lstat(file.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
 QStringList applicationNames() {
   QStringList names{QCoreApplication::applicationName(), QGuiApplication::applicationDisplayName(),
                     QGuiApplication::desktopFileName()};
@@ -83,9 +90,18 @@ struct DesktopDocuments::State {
       }
     }
     const MountedShares shares;
+    std::unordered_map<std::string, std::string> ofFolders;
     std::vector<RecentDocument> documents;
     for (const Url& url : uniques(parsed(urls))) {
-      documents.push_back({url.text(), url.isFile() ? shares.shareOf(url.path()) : ""});
+      std::string share;
+      if (url.isFile()) {
+        const std::string file = url.path();
+        const auto [known, isNew] = ofFolders.try_emplace(file.substr(0, file.rfind('/') + 1));
+        if (isNew) known->second = shares.shareOf(known->first);
+        share = known->second;
+        if (share.empty() && isLink(file)) share = shares.shareOf(file);
+      }
+      documents.push_back({url.text(), std::move(share)});
     }
     return documents;
   }

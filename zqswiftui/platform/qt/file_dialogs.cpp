@@ -19,7 +19,10 @@ QString filterOf(const std::vector<std::string>& extensions) {
   QStringList patterns;
   for (const std::string& extension : extensions) {
     if (extension.empty() || extension.find_first_of(" \t\n;()") != std::string::npos) continue;
-    patterns.push_back(QStringLiteral("*.") + toQString(extension));
+    const QString pattern = QStringLiteral("*.") + toQString(extension);
+    patterns.push_back(pattern);
+    // Not every desktop's dialog takes no notice of the case.
+    if (pattern.toUpper() != pattern) patterns.push_back(pattern.toUpper());
   }
   return patterns.isEmpty() ? QString() : QStringLiteral("(%1)").arg(patterns.join(u' '));
 }

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -60,6 +61,29 @@ MountedShares::MountedShares(std::string_view table) {
 }
 
 std::string MountedShares::shareOf(std::string_view path) const {
+  constexpr int kMostLinks = 40;  // as many as the kernel follows
+  std::filesystem::path done("/");
+  std::filesystem::path todo = std::filesystem::path(path).lexically_normal().relative_path();
+  for (int links = 0; links <= kMostLinks && !todo.empty();) {
+    const auto part = todo.begin();
+    done /= *part;
+    std::filesystem::path rest;
+    for (auto it = std::next(part); it != todo.end(); ++it) rest /= *it;
+    if (auto share = innermost(done.native()); !share.empty()) return share;
+    std::error_code none;
+    const auto to = std::filesystem::read_symlink(done, none);
+    if (!none) {
+      ++links;
+      rest = ((to.is_absolute() ? to : done.parent_path() / to) / rest).lexically_normal();
+      rest = rest.relative_path();
+      done = "/";
+    }
+    todo = std::move(rest);
+  }
+  return {};
+}
+
+std::string MountedShares::innermost(std::string_view path) const {
   const Mount* innermost = nullptr;
   for (const Mount& mount : mounts_) {
     // Of two at one folder the later hides the earlier.

@@ -16,10 +16,11 @@ class MountedShares {
   explicit MountedShares(std::string_view table);
 
   // The innermost mounted folder that holds the path, where that is of a share; else empty. Links
-  // on the way are not followed: that would ask the disk.
+  // are followed as long as they lie on this machine, so a share is never asked.
   std::string shareOf(std::string_view path) const;
 
  private:
+  std::string innermost(std::string_view path) const;
   struct Mount {
     std::string folder;
     bool remote;

@@ -9,6 +9,7 @@
 namespace zq::qt {
 namespace {
 
+const QString kRootName = QStringLiteral("xbel");
 constexpr qsizetype kMaxHref = 8192;
 const QString kBookmarks = QStringLiteral("http://www.freedesktop.org/standards/desktop-bookmarks");
 const QString kMime = QStringLiteral("http://www.freedesktop.org/standards/shared-mime-info");
@@ -53,7 +54,10 @@ class ListCopy {
     ++depth_;
     const QStringView name = localName(reader_.qualifiedName());
     QXmlStreamAttributes attributes = reader_.attributes();
-    if (depth_ == kRoot) takePrefixes(attributes);
+    if (depth_ == kRoot) {
+      if (name != kRootName) return reader_.raiseError(QStringLiteral("no list of bookmarks"));
+      takePrefixes(attributes);
+    }
     if (depth_ == kBookmark && name == u"bookmark" && !added_ &&
         attributes.value(QLatin1String("href")) == document_.href) {
       inDocument_ = true;
@@ -247,7 +251,7 @@ QByteArray undamaged(const QByteArray& list) {
     }
     if (depth == 1 && reader.isEndElement()) whole = copy.size();
   }
-  if (whole == 0 || root != u"xbel") return emptyList();
+  if (whole == 0 || root != kRootName) return emptyList();
   return copy.first(whole) + "\n</xbel>\n";
 }
 

@@ -26,7 +26,9 @@ class TextNode final : public LeafNode {
 
  private:
   const Text& text() const { return static_cast<const Value&>(*view().value()).value; }
-  int lineLimit() const { return text().lineLimit_.value_or(environment().lineLimit); }
+  int lineLimit() const {
+    return text().middle_ ? 1 : text().lineLimit_.value_or(environment().lineLimit);
+  }
   void resolve();
   TextSize measureWidth(double width, int lines) {
     return tree().texts().measure(text().text_, font_, width, lines);
@@ -48,7 +50,9 @@ void TextNode::update(const View& next) {
   const bool sameLook = was.text_ == now.text_ && was.font_ == now.font_;
   if (!sameLook) content_.reset();
   resolve();
-  if (!sameLook || was.lineLimit_ != now.lineLimit_) invalidateMeasure();
+  if (!sameLook || was.lineLimit_ != now.lineLimit_ || was.middle_ != now.middle_) {
+    invalidateMeasure();
+  }
   invalidatePicture();
   tree().contentChanged();
 }
@@ -97,7 +101,7 @@ void TextNode::record(Piece& piece) {
   draw.content = content_;
   draw.rect = localBounds();
   draw.alignment = t.alignment_.value_or(environment().textAlignment);
-  draw.maxLines = t.middle_ ? 1 : lines;
+  draw.maxLines = lines;
   draw.singleLine = whole.lines <= 1 && whole.width <= frame().width;
   draw.elideMiddle = t.middle_;
   draw.color = t.color_ ? *t.color_ : environment().foreground.value_or(Color::primary());

@@ -165,6 +165,40 @@ TEST(PainterCanvas, clipsNestAndEnd) {
   EXPECT_EQ(qGray(image.pixel(17, 17)), 0);
 }
 
+TEST(PainterCanvas, theEdgeOfARoundClipIsSoftWhateverIsDrawnInIt) {
+  const Rect all{0, 0, 20, 20};
+  Pixels pixels{20, 20, std::vector<std::uint8_t>(20 * 20 * 4, 0)};
+  for (std::size_t i = 3; i < pixels.rgba.size(); i += 4) pixels.rgba[i] = 255;
+  const ZQImage black = *ZQImage::fromPixels(pixels);
+  const std::vector<std::pair<const char*, Playing>> drawings{
+      {"fill",
+       [&](Canvas& canvas) {
+         canvas.draw(FillRect{all, Color::black()}, {});
+       }},
+      {"picture",
+       [&](Canvas& canvas) {
+         canvas.draw(DrawPicture{black, all}, {});
+       }},
+      {"group", [&](Canvas& canvas) {
+         canvas.pushOpacity(0.99, all);
+         canvas.draw(FillRect{all, Color::black()}, {});
+         canvas.pop();
+       }}};
+  for (const auto& [what, drawing] : drawings) {
+    const QImage image = played(20, 20, 1, [&drawing = drawing](Canvas& canvas) {
+      canvas.pushClip(Path().addEllipse({0, 0, 20, 20}), {});
+      drawing(canvas);
+      canvas.pop();
+    });
+    int soft = 0;
+    for (int x = 0; x < 10; ++x) {
+      const int gray = qGray(image.pixel(x, 2));
+      soft += gray > 20 && gray < 235;
+    }
+    EXPECT_GT(soft, 0) << what;
+  }
+}
+
 TEST(PainterCanvas, leadingTextStandsAtTheRightWhereReadingBeginsThere) {
   const auto ink = [](LayoutDirection direction) {
     PlayState mirrored;

@@ -76,7 +76,7 @@ void PainterCanvas::drawShape(const FillRect& shape, const PlayState& state) {
   if (shape.rect.empty()) return;
   const Rect rect = grid_.snap(shape.rect.offsetBy(state.origin));
   // Snapped edges lie on pixels, unless a scaling moves them off.
-  setAntialiasing(scaledDepth_ > 0);
+  setAntialiasing(scaledDepth_ > 0 || softClips_ > 0);
   if (const auto* color = std::get_if<Color>(&shape.paint)) {
     brushIsFill_ = brushIsFill_ && fill_.color == *color && fill_.scheme == state.scheme &&
                    fill_.opacity == state.opacity;
@@ -115,7 +115,7 @@ bool PainterCanvas::drawPill(const FillRoundedRect& shape, const Rect& rect, dou
   const QRgb tint = resolved(fill_, *color, state).rgba();
   const QImage image =
       PillCache::shared().image(pixels, radius * grid_.scale, shape.continuous, tint);
-  drawOnPixels(*painter_, grid_, rect, image);
+  drawImage(rect, image);
   return true;
 }
 
@@ -199,7 +199,7 @@ bool PainterCanvas::drawRing(const StrokePath& shape, Point origin, const PlaySt
   const QImage image =
       PillCache::shared().image(pixels, shape.radius * grid_.scale, shape.continuous, tint,
                                 shape.style.lineWidth * grid_.scale);
-  drawOnPixels(*painter_, grid_, rect, image);
+  drawImage(rect, image);
   return true;
 }
 
@@ -230,12 +230,13 @@ void PainterCanvas::drawShape(const DrawSymbol& symbol, const PlayState& state) 
   const QColor color = toQColor(symbol.color.resolve(state.scheme));
   const QImage image = SymbolCache::shared().image(
       *symbol.drawing, {side(rect.width), side(rect.height)}, color.rgba());
-  withOpacity(state.opacity, [&] { drawOnPixels(*painter_, grid_, rect, image); });
+  withOpacity(state.opacity, [&] { drawImage(rect, image); });
 }
 
 void PainterCanvas::drawShape(const DrawPicture& picture, const PlayState& state) {
   if (picture.rect.empty()) return;
   const Rect rect = grid_.snap(picture.rect.offsetBy(state.origin));
+  setAntialiasing(softClips_ > 0);
   withOpacity(state.opacity, [&] { drawPicture(*painter_, grid_, rect, picture.picture); });
 }
 
@@ -267,6 +268,11 @@ void PainterCanvas::fillWith(const Paint& paint, const Rect& rect, const PlaySta
   }
   painter_->setBrush(resolved(fill_, *color, state));
   brushIsFill_ = true;
+}
+
+void PainterCanvas::drawImage(const Rect& rect, const QImage& image) {
+  setAntialiasing(softClips_ > 0);
+  drawOnPixels(*painter_, grid_, rect, image);
 }
 
 void PainterCanvas::setAntialiasing(bool on) {
@@ -306,7 +312,10 @@ void PainterCanvas::pushClip(const Rect& rect) {
 }
 
 void PainterCanvas::pushClip(const Path& path, Point origin) {
-  pushed_.emplace_back();
+  Pushed entry;
+  entry.softClip = true;
+  pushed_.push_back(std::move(entry));
+  ++softClips_;
   painter_->save();
   painter_->setRenderHint(QPainter::Antialiasing);
   antialiasing_ = true;
@@ -371,12 +380,14 @@ void PainterCanvas::pop() {
   if (entry.outer == nullptr) {
     painter_->restore();
     if (entry.scaled) --scaledDepth_;
+    if (entry.softClip) --softClips_;
   } else {
     entry.painter->end();
     painter_ = entry.outer;
+    forgetPainterState();
     withOpacity(entry.opacity, [&] {
       entry.image->setDevicePixelRatio(1);
-      drawOnPixels(*painter_, grid_, entry.target, *entry.image);
+      drawImage(entry.target, *entry.image);
     });
   }
   forgetPainterState();

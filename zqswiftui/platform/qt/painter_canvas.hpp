@@ -43,6 +43,7 @@ class PainterCanvas final : public Canvas {
     Rect target;
     double opacity = 1;
     bool scaled = false;
+    bool softClip = false;
   };
   // The last colour and what it became, for runs of commands in one colour.
   struct Tint {
@@ -73,6 +74,7 @@ class PainterCanvas final : public Canvas {
   QBrush brushOf(const Paint& paint, const Rect& rect, const PlayState& state);
   void fillWith(const Paint& paint, const Rect& rect, const PlayState& state);
   QPainterPath onGrid(const Path& path, Point origin) const;
+  void drawImage(const Rect& rect, const QImage& image);  // pixel for pixel
   void setAntialiasing(bool on);
   void withoutPen();
   void withOpacity(double opacity, const auto& drawing);
@@ -82,6 +84,7 @@ class PainterCanvas final : public Canvas {
   PixelGrid grid_;
   std::vector<Pushed> pushed_;
   int scaledDepth_ = 0;
+  int softClips_ = 0;  // Qt cuts hard along a soft edge what is drawn without antialiasing
 
   Tint fill_;
   Tint text_;

@@ -21,7 +21,7 @@ endif()
 target_include_directories(zq_qt SYSTEM PRIVATE ${ZQ_DBUS_INCLUDE} ${ZQ_DBUS_ARCH_INCLUDE})
 target_link_libraries(zq_qt PRIVATE dbus-1)
 
-# libxcb: what another program has on the clipboard is asked for without waiting in Qt.
+# libxcb: what another program has on the clipboard or drops is asked for without waiting in Qt.
 find_library(ZQ_XCB_LIBRARY xcb)
 find_path(ZQ_XCB_INCLUDE xcb/xcb.h)
 if(NOT ZQ_XCB_LIBRARY OR NOT ZQ_XCB_INCLUDE)

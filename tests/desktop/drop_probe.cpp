@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <map>
 #include <memory>
+#include <tests/desktop/heart.hpp>
 #include <tests/desktop/probe_window.hpp>
 #include <zqswiftui/files/zq_app_drag_area_with_name_view.hpp>
 #include <zqswiftui/files/zq_file_drag_area_view.hpp>
@@ -21,7 +22,7 @@ namespace {
 
 using namespace zq;
 
-constexpr QSize kSize(240, 440);
+constexpr QSize kSize(240, 440), kOfSource(240, 500);
 constexpr QPoint kOfAreas(400, 40), kOfFurther(800, 40);
 
 std::function<void(const Url&)> tell(const std::string& word) {
@@ -89,17 +90,40 @@ class Reporter : public QObject {
   QPointer<QDrag> last_;
 };
 
-// What no view knows the type of.
-void dragUnknown(ViewHost& host, const std::function<void(DropResult)>& ended) {
-  QTimer::singleShot(0, [&host, ended] {
+// A file that is not given before a line comes on standard input. The process stands still so long.
+class Withheld : public QMimeData {
+ public:
+  explicit Withheld(std::string url) : url_(std::move(url)) {}
+  QStringList formats() const override { return {QStringLiteral("text/uri-list")}; }
+  bool hasFormat(const QString& format) const override { return formats().contains(format); }
+
+ protected:
+  QVariant retrieveData(const QString&, QMetaType) const override {
+    probe::say("asked");
+    std::string line;
+    std::getline(std::cin, line);
+    return QByteArray::fromStdString(url_);
+  }
+
+ private:
+  std::string url_;
+};
+
+// What no program gives in the way of this one's drags.
+void dragOdd(ViewHost& host, QMimeData* mime, const std::function<void(DropResult)>& ended) {
+  QTimer::singleShot(0, [&host, mime, ended] {
     host.cancelGestures();
     auto* drag = new QDrag(QCoreApplication::instance());
-    auto* mime = new QMimeData;
-    mime->setData(QStringLiteral("application/x-unknown"), "?");
     drag->setMimeData(mime);
-    drag->exec(Qt::CopyAction);
-    ended(DropResult::refused);
+    const Qt::DropAction action = drag->exec(Qt::CopyAction);
+    ended(action == Qt::CopyAction ? DropResult::copied : DropResult::refused);
   });
+}
+
+QMimeData* unknown() {
+  auto* mime = new QMimeData;
+  mime->setData(QStringLiteral("application/x-unknown"), "?");
+  return mime;
 }
 
 View source(const std::string& folder, ViewHost& host, const std::shared_ptr<Reporter>& reporter) {
@@ -114,18 +138,22 @@ View source(const std::string& folder, ViewHost& host, const std::shared_ptr<Rep
       {"plain", files({"folder"})},
       {"app", files({"Tool.app"})},
       {"words", draggedText("gr\xC3\xBCn & 2")},
-      {"unknown", {}}};
+      {"unknown", {}},
+      {"withheld", {}}};
+  const std::string withheld = Url::file(folder + "/a b.txt").text();
   std::vector<View> all;
   const auto busy = std::make_shared<bool>(false);
   for (const auto& [name, items] : rows) {
-    const auto begin = [&host, reporter, busy, items = items](const DragValue&) {
+    const auto begin = [&host, reporter, busy, withheld, name = name,
+                        items = items](const DragValue&) {
       if (std::exchange(*busy, true)) return;
       const auto ended = [reporter, busy](DropResult result) {
         *busy = false;
         reporter->ended(result);
       };
       reporter->began();
-      if (items.empty()) return dragUnknown(host, ended);
+      if (name == "unknown") return dragOdd(host, unknown(), ended);
+      if (name == "withheld") return dragOdd(host, new Withheld(withheld), ended);
       Platform::current().dragData().begin(items, ended);
     };
     all.push_back(Text(name)
@@ -141,7 +169,7 @@ View source(const std::string& folder, ViewHost& host, const std::shared_ptr<Rep
 int main(int argc, char** argv) {
   if (argc > 2) {
     const auto reporter = std::make_shared<std::shared_ptr<Reporter>>();
-    return probe::show(argc, argv, "SOURCE", kSize, {20, 40}, [&](qt::HostWidget& window) {
+    return probe::show(argc, argv, "SOURCE", kOfSource, {20, 40}, [&](qt::HostWidget& window) {
       *reporter = std::make_shared<Reporter>();
       window.setRoot(source(argv[2], window.host(), *reporter));
       return probe::Further();
@@ -149,9 +177,12 @@ int main(int argc, char** argv) {
   }
   // A second window, which goes in the middle of a drag.
   std::unique_ptr<qt::HostWidget> further;
+  std::unique_ptr<probe::Heart> heart;
   return probe::show(argc, argv, "AREAS", kSize, kOfAreas, [&](qt::HostWidget& window) {
     window.setRoot(areas());
+    heart = std::make_unique<probe::Heart>();
     return [&](const std::string& line) {
+      if (line == "longest") probe::say("longest " + std::to_string(heart->takeLongest()));
       if (line == "open") {
         further = std::make_unique<qt::HostWidget>(areas());
         further->setWindowTitle(QStringLiteral("FURTHER"));

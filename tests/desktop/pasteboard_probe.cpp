@@ -2,14 +2,12 @@
 // A window that follows the pasteboard's picture, for the tests on a virtual display. It says
 // what it shows and since when, and how long its interface thread was ever kept from its work.
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QSocketNotifier>
-#include <QTimer>
-#include <algorithm>
 #include <chrono>
 #include <iostream>
 #include <sstream>
+#include <tests/desktop/heart.hpp>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/zq_pasteboard.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
@@ -19,8 +17,7 @@
 namespace {
 
 using namespace zq;
-
-constexpr int kBeat = 10;  // milliseconds
+using probe::Heart;
 
 void say(const std::string& line) {
   std::cout << line << std::endl;  // the script waits for each line
@@ -32,27 +29,6 @@ std::string milliseconds() {
   return std::to_string(
       duration_cast<std::chrono::milliseconds>(system_clock::now().time_since_epoch()).count());
 }
-
-// Measures by a timer how late the interface thread is, and does something at each beat.
-class Heart : public QObject {
- public:
-  explicit Heart(std::function<void()> atEach) : atEach_(std::move(atEach)) {
-    since_.start();
-    timer_.setTimerType(Qt::PreciseTimer);
-    timer_.callOnTimeout(this, [this] {
-      longest_ = std::max(longest_, since_.restart());
-      atEach_();
-    });
-    timer_.start(kBeat);
-  }
-  qint64 takeLongest() { return std::exchange(longest_, 0); }
-
- private:
-  std::function<void()> atEach_;
-  QTimer timer_;
-  QElapsedTimer since_;
-  qint64 longest_ = 0;
-};
 
 void press(qt::HostWidget& window) {
   for (const AccessibilityNode& node : window.host().accessibilityTree().children) {

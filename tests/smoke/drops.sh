@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Real drags from one process to another, ten times each: a file, several, a folder, a bundle, a
 # text, something of no known type, one that comes and goes, and one onto a window that is closed
-# meanwhile. And the file dialog, driven by the keyboard.
+# meanwhile. Then a source that hangs in its drop, and the file dialog, driven by the keyboard.
 set -euo pipefail
 bin=$1
 for program in Xvfb xdotool; do
@@ -107,6 +107,35 @@ for ((round = 1; round <= rounds; round++)); do
   fi
 done
 
+# A source that stands still when it is asked for the data of its drop.
+asked=0
+hang() {  # WINDOW
+  pick_up withheld
+  # shellcheck disable=SC2046
+  carry_to "$1" $(place file)
+  asked=$((asked + 1))
+  xdotool mouseup 1
+  until_true hung
+}
+hung() { [[ $(grep -cx asked "$home/source/out") == "$asked" ]]; }
+go_on() {
+  echo go >&7
+  until_true grep -q "^ended $number " "$home/source/out"
+}
+# The window that it asked goes meanwhile; other drops are taken afterwards.
+echo open >&6
+until_true heard "did open" $((rounds + 1))
+hang "$(xdotool search --sync --onlyvisible --name '^FURTHER$')"
+echo close >&6
+until_true heard "did close" $((rounds + 1))
+go_on
+drop one file
+until_true heard "file a b.txt" $((rounds + 1))
+# The window goes on, and takes the keys that come meanwhile once it no longer waits.
+hang "$window"
+echo places >&6
+until_true heard "at text $(place text)" 2
+
 focus() { xdotool windowfocus --sync "$1"; }
 dialog() {  # TITLE: until it is there and has the focus
   focus "$(xdotool search --sync --onlyvisible --name "^$1\$")"
@@ -134,7 +163,21 @@ if [[ $(lines) != $((before + 1)) ]]; then
   echo "a dialog that was cancelled told something" >&2
   exit 1
 fi
+# The late answer of a source comes to nothing.
+go_on
+echo longest >&6
+until_true said "longest "
+longest=$(sed -n 's/^longest //p' "$home/out")
+if ((longest > 3000)); then
+  echo "the interface thread stood still for $longest ms" >&2
+  exit 1
+fi
+if [[ $(lines) != $((before + 1)) ]]; then
+  echo "something was dropped that came too late" >&2
+  exit 1
+fi
 if [[ -n ${ZQ_KEEP:-} ]]; then grab "$ZQ_KEEP/drops.png"; fi
 echo quit >&6
 echo quit >&7
 echo "$rounds of $rounds drags of each kind, and dialogs by keyboard"
+echo "the interface thread waited at most $longest ms for a source that hung"

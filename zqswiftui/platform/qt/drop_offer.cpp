@@ -13,8 +13,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr qsizetype kLongestText = qsizetype{16} << 20;
-constexpr qint64 kPatience = 1000;  // milliseconds for a format; Qt itself waits for five seconds
+constexpr qint64 kPatience = 1000;  // milliseconds for a format, of which Qt waits five thousand
 
 const QString kUriList = QStringLiteral("text/uri-list");
 const QString kMozUrl = QStringLiteral("text/x-moz-url");
@@ -78,6 +77,24 @@ void addTitled(const QByteArray& bytes, DragItems& items) {
   }
 }
 
+// Qt waits for the source itself.
+class MimeData final : public DropData {
+ public:
+  explicit MimeData(const QMimeData& mime) : mime_(mime) { waited_.start(); }
+  std::optional<QByteArray> bytes(const QString& format) override {
+    if (waited_.elapsed() > kPatience) return std::nullopt;
+    return mime_.data(format);
+  }
+  std::optional<QString> text() override {
+    if (waited_.elapsed() > kPatience) return std::nullopt;
+    return mime_.text();
+  }
+
+ private:
+  const QMimeData& mime_;
+  QElapsedTimer waited_;
+};
+
 }  // namespace
 
 std::vector<std::string> offeredTypes(const QMimeData& mime) {
@@ -89,23 +106,30 @@ std::vector<std::string> offeredTypes(const QMimeData& mime) {
   return types;
 }
 
-DragItems offeredItems(const QMimeData& mime, const std::vector<std::string>& wanted) {
+DragItems offeredItems(const QStringList& formats, const std::vector<std::string>& wanted,
+                       DropData& data) {
   const auto wants = [&wanted](std::string_view type) {
     return std::find(wanted.begin(), wanted.end(), type) != wanted.end();
   };
-  const QStringList formats = mime.formats();
-  QElapsedTimer waited;
-  waited.start();
+  const auto bytes = [&](const QString& format) {
+    return formats.contains(format) ? data.bytes(format).value_or(QByteArray()) : QByteArray();
+  };
   DragItems items;
   if (wants(dragTypeUrl) || wants(dragTypeFileUrl)) {
-    if (formats.contains(kUriList)) addUriList(mime.data(kUriList), items);
-    const bool none = items.empty() && waited.elapsed() < kPatience;
-    if (none && formats.contains(kMozUrl)) addTitled(mime.data(kMozUrl), items);
+    addUriList(bytes(kUriList), items);
+    if (items.empty()) addTitled(bytes(kMozUrl), items);
   }
-  if (wants(dragTypeText) && formats.contains(kText) && waited.elapsed() < kPatience) {
-    items.push_back(std::make_shared<Words>(mime.text().left(kLongestText)));
+  if (wants(dragTypeText) && formats.contains(kText)) {
+    if (const auto text = data.text()) {
+      items.push_back(std::make_shared<Words>(text->left(kLongestText)));
+    }
   }
   return items;
+}
+
+DragItems offeredItems(const QMimeData& mime, const std::vector<std::string>& wanted) {
+  MimeData data(mime);
+  return offeredItems(mime.formats(), wanted, data);
 }
 
 }  // namespace zq::qt

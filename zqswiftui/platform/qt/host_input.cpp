@@ -15,6 +15,7 @@
 #include <utility>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/drop_offer.hpp>
+#include <zqswiftui/platform/qt/foreign_drop.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
 
@@ -175,6 +176,10 @@ void HostWidget::answerDrag(QDropEvent& event) {
 }
 
 void HostWidget::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->source() == nullptr) {
+    if (!foreignDrop_) foreignDrop_ = ForeignDrop::create(*this);
+    if (foreignDrop_) foreignDrop_->entered();
+  }
   // Taken wherever it enters: a place for it may lie further inside.
   host_->dragMoved(offered(*event));
   event->setDropAction(Qt::CopyAction);
@@ -186,15 +191,32 @@ void HostWidget::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void HostWidget::dragLeaveEvent(QDragLeaveEvent*) {
+  if (foreignDrop_) foreignDrop_->left();
   host_->dragLeft();
+}
+
+// The data of a drop that is taken here; absent where its program is late with it, or where the
+// place for it has changed while it came.
+std::optional<DragItems> HostWidget::itemsOf(const QDropEvent& event, const DropInfo& info) {
+  const std::vector<std::string> types = host_->dropTypes(info);
+  auto fetched = foreignDrop_ ? foreignDrop_->take() : std::nullopt;
+  if (!fetched) return offeredItems(*event.mimeData(), types);
+  const bool late = fetched->late && fetched->items.empty();
+  if (late || !isVisible() || fetched->types != types) return std::nullopt;
+  return std::move(fetched->items);
 }
 
 void HostWidget::dropEvent(QDropEvent* event) {
   DropInfo info = offered(*event);
-  info.items = offeredItems(*event->mimeData(), host_->dropTypes(info));
-  // The list that promised files may hold pages alone.
-  if (!info.items.empty() && !hasFile(info.items)) std::erase(info.types, dragTypeFileUrl);
-  const bool taken = host_->drop(info);
+  std::optional<DragItems> items = itemsOf(*event, info);
+  if (!items) host_->dragLeft();
+  bool taken = false;
+  if (items) {
+    info.items = std::move(*items);
+    // The list that promised files may hold pages alone.
+    if (!info.items.empty() && !hasFile(info.items)) std::erase(info.types, dragTypeFileUrl);
+    taken = host_->drop(info);
+  }
   event->setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
   event->setAccepted(taken);
 }

@@ -15,6 +15,7 @@
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
 #include <zqswiftui/platform/qt/font_cache.hpp>
+#include <zqswiftui/platform/qt/foreign_drop.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
 #include <zqswiftui/platform/qt/painter_canvas.hpp>

@@ -16,6 +16,7 @@ namespace zq::qt {
 
 class AccessibleTree;
 class FieldEditors;
+class ForeignDrop;
 
 // Shows a view as a widget, a window of its own or inside others. Needs an installed platform.
 // Interface thread only.
@@ -72,12 +73,14 @@ class HostWidget final : public QWidget, private HostDelegate {
   void tellLayout();
   void showHelp(QPoint position);
   void answerDrag(QDropEvent& event);
+  std::optional<DragItems> itemsOf(const QDropEvent& event, const DropInfo& info);
   int countClicks(const QMouseEvent& event);
 
   std::unique_ptr<ViewHost> host_;
   std::unique_ptr<FieldEditors> fields_;
   std::shared_ptr<AccessibleTree> accessible_;
-  unsigned fonts_;  // the generation that the view was measured with
+  std::unique_ptr<ForeignDrop> foreignDrop_;  // once something was dragged here on an X display
+  unsigned fonts_;                            // the generation that the view was measured with
   QTimer* frameTimer_;
   unsigned long appearanceListener_ = 0;
   AppearanceValues appearance_;

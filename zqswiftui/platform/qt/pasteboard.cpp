@@ -18,6 +18,7 @@ namespace {
 
 constexpr qsizetype kMaxBytes = qsizetype{256} << 20;
 constexpr qsizetype kMaxUrls = 10000;
+constexpr std::chrono::minutes kPatience{1};
 constexpr std::array kImageTypes{"image/png",  "image/jpeg", "image/webp",
                                  "image/tiff", "image/gif",  "image/bmp"};
 
@@ -92,18 +93,24 @@ std::optional<std::vector<std::string>> urlsOf(const QMimeData& mime, const QStr
 }
 
 // Of what another program has, only the bytes of the chosen type.
-std::optional<QStringList> fill(QMimeData& mime, std::optional<SelectionReader::Found> found) {
+std::optional<QStringList> fill(QMimeData& mime,
+                                const std::optional<SelectionReader::Found>& found) {
   if (!found) return std::nullopt;
-  const QByteArray data(reinterpret_cast<const char*>(found->bytes.data()),
-                        static_cast<qsizetype>(found->bytes.size()));
-  QString type = QString::fromStdString(found->type);
-  if (type == QLatin1String("STRING")) mime.setText(QString::fromLatin1(data));
-  if (type == QLatin1String("UTF8_STRING") || type.startsWith(QLatin1String("text/plain"))) {
-    mime.setText(QString::fromUtf8(data));
+  const std::vector<std::string> texts = SelectionReader::textTypes();
+  if (std::find(texts.begin(), texts.end(), found->type) != texts.end()) {
+    mime.setText(toQString(SelectionReader::text(*found)));
+    return QStringList{QStringLiteral("text/plain")};
   }
-  if (mime.hasText()) return QStringList{QStringLiteral("text/plain")};
-  mime.setData(type, data);
+  const QString type = QString::fromStdString(found->type);
+  mime.setData(type, QByteArray(reinterpret_cast<const char*>(found->bytes.data()),
+                                static_cast<qsizetype>(found->bytes.size())));
   return QStringList{type};
+}
+
+SelectionReader::Question question(std::vector<std::string> types) {
+  return {.types = std::move(types),
+          .mostBytes = static_cast<std::size_t>(kMaxBytes),
+          .deadline = SelectionReader::Clock::now() + kPatience};
 }
 
 }  // namespace
@@ -164,14 +171,13 @@ void Pasteboard::answerLater(Answer<T> answer, const std::vector<std::string>& t
     });
     return;
   }
-  others_->read(types, static_cast<std::size_t>(kMaxBytes),
-                [this, answer = std::move(answer), read](auto found) {
-                  queue_.post([answer, read, found = std::move(found)] {
-                    QMimeData mime;
-                    const auto formats = fill(mime, found);
-                    answer(formats ? read(mime, *formats) : std::nullopt);
-                  });
-                });
+  others_->read(question(types), [this, answer = std::move(answer), read](auto found) {
+    queue_.post([answer, read, found = std::move(found)] {
+      QMimeData mime;
+      const auto formats = fill(mime, found);
+      answer(formats ? read(mime, *formats) : std::nullopt);
+    });
+  });
 }
 
 bool Pasteboard::ownerMayHang() const {
@@ -179,14 +185,13 @@ bool Pasteboard::ownerMayHang() const {
 }
 
 void Pasteboard::readText(Answer<std::string> answer) {
-  answerLater(std::move(answer),
-              {"UTF8_STRING", "text/plain;charset=utf-8", "text/plain", "STRING"}, &textOf);
+  answerLater(std::move(answer), SelectionReader::textTypes(), &textOf);
 }
 
 void Pasteboard::readImage(Answer<Bytes> answer) {
   if (!answer) return;
   if (ownerMayHang()) {
-    others_->read({kImageTypes.begin(), kImageTypes.end()}, static_cast<std::size_t>(kMaxBytes),
+    others_->read(question({kImageTypes.begin(), kImageTypes.end()}),
                   [this, answer = std::move(answer)](std::optional<SelectionReader::Found> found) {
                     std::optional<Bytes> bytes;
                     if (found && !found->bytes.empty()) bytes = std::move(found->bytes);

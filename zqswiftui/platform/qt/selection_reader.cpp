@@ -5,8 +5,9 @@
 #include <xcb/xcb.h>
 
 #include <QGuiApplication>
+#include <QString>
 #include <algorithm>
-#include <chrono>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -15,11 +16,9 @@
 namespace zq::qt {
 namespace {
 
-using SteadyClock = std::chrono::steady_clock;
-
 constexpr std::chrono::seconds kPatience{2};
-constexpr std::uint32_t kWholeProperty = 1U << 28;  // in units of four bytes
 constexpr int kProperties = 16;
+constexpr const char* kLatinText = "STRING";
 
 template <class T>
 struct Freed {
@@ -47,8 +46,11 @@ class SelectionReader::Connection {
   Connection& operator=(const Connection&) = delete;
 
   bool open();
-  void interrupt() const { eventfd_write(wake_, 1); }
-  std::optional<Found> read(const std::vector<std::string>& types, std::size_t mostBytes);
+  void interrupt() {
+    interrupted_ = true;
+    eventfd_write(wake_, 1);
+  }
+  std::optional<Found> read(const Question& question);
 
  private:
   struct Content {
@@ -56,18 +58,19 @@ class SelectionReader::Connection {
     Bytes bytes;
   };
   xcb_atom_t atom(const std::string& name);
-  std::optional<Bytes> convert(xcb_atom_t target, std::size_t mostBytes);
-  std::optional<Bytes> collect(xcb_atom_t property, std::size_t mostBytes);
-  std::optional<Content> take(xcb_atom_t property);
+  std::optional<std::vector<xcb_atom_t>> offered(const Question& question);
+  std::optional<Bytes> convert(xcb_atom_t target, const Question& question);
+  std::optional<Bytes> collect(xcb_atom_t property, const Question& question);
+  std::optional<Content> take(xcb_atom_t property, std::size_t mostBytes);
   // The next event that fits, in time; what does not fit is put away.
   template <class Fits>
-  bool await(const Fits& fits);
-  Reply<xcb_generic_event_t> nextEvent(SteadyClock::time_point deadline);
+  bool await(Clock::time_point deadline, const Fits& fits);
+  Reply<xcb_generic_event_t> nextEvent(Clock::time_point deadline);
 
   xcb_connection_t* display_;
   int wake_;
+  std::atomic<bool> interrupted_ = false;
   xcb_window_t window_ = XCB_NONE;
-  xcb_atom_t clipboard_ = XCB_ATOM_NONE;
   xcb_atom_t incremental_ = XCB_ATOM_NONE;
   int conversions_ = 0;
 };
@@ -80,7 +83,6 @@ bool SelectionReader::Connection::open() {
   const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
   xcb_create_window(display_, XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0, 1, 1, 0,
                     XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, XCB_CW_EVENT_MASK, &events);
-  clipboard_ = atom("CLIPBOARD");
   incremental_ = atom("INCR");
   return xcb_connection_has_error(display_) == 0;
 }
@@ -92,98 +94,114 @@ xcb_atom_t SelectionReader::Connection::atom(const std::string& name) {
   return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-std::optional<SelectionReader::Found> SelectionReader::Connection::read(
-    const std::vector<std::string>& types, std::size_t mostBytes) {
-  const auto targets = convert(atom("TARGETS"), mostBytes);
-  if (!targets || targets->empty()) return std::nullopt;
-  std::vector<xcb_atom_t> offered(targets->size() / sizeof(xcb_atom_t));
-  std::memcpy(offered.data(), targets->data(), offered.size() * sizeof(xcb_atom_t));
-  for (const std::string& type : types) {
+std::optional<SelectionReader::Found> SelectionReader::Connection::read(const Question& question) {
+  std::optional<std::vector<xcb_atom_t>> there;
+  if (question.asksTypes) {
+    there = offered(question);
+    if (!there) return std::nullopt;
+  }
+  for (const std::string& type : question.types) {
     const xcb_atom_t wanted = atom(type);
-    if (std::find(offered.begin(), offered.end(), wanted) == offered.end()) continue;
-    auto bytes = convert(wanted, mostBytes);
-    if (!bytes) return std::nullopt;
-    return Found{type, std::move(*bytes)};
+    if (there && std::find(there->begin(), there->end(), wanted) == there->end()) continue;
+    auto bytes = convert(wanted, question);
+    if (bytes) return Found{type, std::move(*bytes)};
+    if (there) return std::nullopt;
   }
   return std::nullopt;
+}
+
+std::optional<std::vector<xcb_atom_t>> SelectionReader::Connection::offered(
+    const Question& question) {
+  const auto bytes = convert(atom("TARGETS"), question);
+  if (!bytes || bytes->empty()) return std::nullopt;
+  std::vector<xcb_atom_t> types(bytes->size() / sizeof(xcb_atom_t));
+  std::memcpy(types.data(), bytes->data(), types.size() * sizeof(xcb_atom_t));
+  return types;
 }
 
 // Each conversion has another property than those before, so that an answer that comes too late
 // is not taken for the next one.
 std::optional<Bytes> SelectionReader::Connection::convert(xcb_atom_t target,
-                                                          std::size_t mostBytes) {
+                                                          const Question& question) {
   conversions_ = (conversions_ + 1) % kProperties;
   const xcb_atom_t property = atom("ZQ_SELECTION_" + std::to_string(conversions_));
   xcb_delete_property(display_, window_, property);
-  xcb_convert_selection(display_, window_, clipboard_, target, property, XCB_CURRENT_TIME);
+  xcb_convert_selection(display_, window_, atom(question.selection), target, property,
+                        question.time);
   bool given = false;
-  const bool answered = await([&](const xcb_generic_event_t& event) {
+  const bool answered = await(question.deadline, [&](const xcb_generic_event_t& event) {
     if ((event.response_type & 0x7F) != XCB_SELECTION_NOTIFY) return false;
     const auto& notice = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
     given = notice.property == property;
     if (given) return true;
-    if (notice.property == XCB_ATOM_NONE) return notice.target == target;
+    if (notice.property == XCB_ATOM_NONE) {
+      // Who drags may refuse without a word of what.
+      return notice.target == target || notice.target == XCB_ATOM_NONE;
+    }
     xcb_delete_property(display_, window_, notice.property);
     return false;
   });
-  return answered && given ? collect(property, mostBytes) : std::nullopt;
+  return answered && given ? collect(property, question) : std::nullopt;
 }
 
 // Large contents come in pieces: each is fetched and deleted, which asks for the next one, and
 // an empty one is the end.
 std::optional<Bytes> SelectionReader::Connection::collect(xcb_atom_t property,
-                                                          std::size_t mostBytes) {
-  auto content = take(property);
+                                                          const Question& question) {
+  auto content = take(property, question.mostBytes);
   if (!content) return std::nullopt;
-  if (content->type != incremental_) {
-    if (content->bytes.size() > mostBytes) return std::nullopt;
-    return std::move(content->bytes);
-  }
-  Bytes all;
-  while (all.size() <= mostBytes) {
-    const bool came = await([&](const xcb_generic_event_t& event) {
+  const bool whole = content->type != incremental_;
+  Bytes all = whole ? std::move(content->bytes) : Bytes();
+  while (!whole && all.size() <= question.mostBytes) {
+    const bool came = await(question.deadline, [&](const xcb_generic_event_t& event) {
       if ((event.response_type & 0x7F) != XCB_PROPERTY_NOTIFY) return false;
       const auto& notice = reinterpret_cast<const xcb_property_notify_event_t&>(event);
       return notice.atom == property && notice.state == XCB_PROPERTY_NEW_VALUE;
     });
-    const auto piece = came ? take(property) : std::nullopt;
+    const auto piece = came ? take(property, question.mostBytes - all.size()) : std::nullopt;
     if (!piece) return std::nullopt;
     if (piece->bytes.empty()) return all;
     all.insert(all.end(), piece->bytes.begin(), piece->bytes.end());
   }
-  return std::nullopt;
+  if (all.size() > question.mostBytes) {
+    if (!question.cut) return std::nullopt;
+    all.resize(question.mostBytes);
+  }
+  return all;
 }
 
+// At least one byte more than the most, where there is as much.
 std::optional<SelectionReader::Connection::Content> SelectionReader::Connection::take(
-    xcb_atom_t property) {
-  const auto cookie = xcb_get_property(display_, 1, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                       kWholeProperty);
+    xcb_atom_t property, std::size_t mostBytes) {
+  const auto units = static_cast<std::uint32_t>(mostBytes / 4 + 1);
+  const auto cookie =
+      xcb_get_property(display_, 1, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0, units);
   const auto reply = owned(xcb_get_property_reply(display_, cookie, nullptr));
   if (!reply) return std::nullopt;
+  if (reply->bytes_after > 0) xcb_delete_property(display_, window_, property);
   const auto* begin = static_cast<const std::uint8_t*>(xcb_get_property_value(reply.get()));
   const int length = xcb_get_property_value_length(reply.get());
   return Content{reply->type, Bytes(begin, begin + length)};
 }
 
 template <class Fits>
-bool SelectionReader::Connection::await(const Fits& fits) {
-  const auto deadline = SteadyClock::now() + kPatience;
-  while (const auto event = nextEvent(deadline)) {
+bool SelectionReader::Connection::await(Clock::time_point deadline, const Fits& fits) {
+  const auto end = std::min(deadline, Clock::now() + kPatience);
+  while (const auto event = nextEvent(end)) {
     if (fits(*event)) return true;
   }
   return false;
 }
 
-Reply<xcb_generic_event_t> SelectionReader::Connection::nextEvent(
-    SteadyClock::time_point deadline) {
+// Looks at the time first: who sends without end must not keep the thread for ever.
+Reply<xcb_generic_event_t> SelectionReader::Connection::nextEvent(Clock::time_point deadline) {
   xcb_flush(display_);
-  while (xcb_connection_has_error(display_) == 0) {
-    if (auto event = owned(xcb_poll_for_event(display_))) return event;
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - SteadyClock::now());
+  while (xcb_connection_has_error(display_) == 0 && !interrupted_) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
     if (left.count() <= 0) return nullptr;
+    if (auto event = owned(xcb_poll_for_event(display_))) return event;
     pollfd both[] = {{xcb_get_file_descriptor(display_), POLLIN, 0}, {wake_, POLLIN, 0}};
     poll(both, 2, static_cast<int>(left.count()));
-    if (both[1].revents != 0) return nullptr;
   }
   return nullptr;
 }
@@ -208,12 +226,21 @@ SelectionReader::~SelectionReader() {
   thread_.join();
 }
 
-void SelectionReader::read(std::vector<std::string> types, std::size_t mostBytes, Answer answer) {
+void SelectionReader::read(Question question, Answer answer) {
   {
     const std::lock_guard lock(mutex_);
-    questions_.push_back({std::move(types), mostBytes, std::move(answer)});
+    questions_.emplace_back(std::move(question), std::move(answer));
   }
   asked_.notify_one();
+}
+
+std::vector<std::string> SelectionReader::textTypes() {
+  return {"UTF8_STRING", "text/plain;charset=utf-8", "text/plain", kLatinText};
+}
+
+std::string SelectionReader::text(const Found& found) {
+  const std::string bytes(found.bytes.begin(), found.bytes.end());
+  return found.type == kLatinText ? QString::fromLatin1(bytes).toStdString() : bytes;
 }
 
 void SelectionReader::run() {
@@ -221,10 +248,10 @@ void SelectionReader::run() {
   while (true) {
     asked_.wait(lock, [this] { return stopping_ || !questions_.empty(); });
     if (stopping_) return;
-    const Question question = std::move(questions_.front());
+    const auto [question, answer] = std::move(questions_.front());
     questions_.pop_front();
     lock.unlock();
-    question.answer(connection_->read(question.types, question.mostBytes));
+    answer(connection_->read(question));
     lock.lock();
   }
 }

@@ -189,8 +189,9 @@ int main(int argc, char** argv) {
         further->setGeometry({kOfFurther, kSize});
         further->show();
       }
+      if (line == "hide" && further) further->close();
       if (line == "close") further.reset();
-      if (line == "open" || line == "close") probe::say("did " + line);
+      if (line == "open" || line == "hide" || line == "close") probe::say("did " + line);
     };
   });
 }

@@ -109,6 +109,7 @@ done
 
 # A source that stands still when it is asked for the data of its drop.
 asked=0
+opened=$rounds
 hang() {  # WINDOW
   pick_up withheld
   # shellcheck disable=SC2046
@@ -122,15 +123,19 @@ go_on() {
   echo go >&7
   until_true grep -q "^ended $number " "$home/source/out"
 }
-# The window that it asked goes meanwhile; other drops are taken afterwards.
-echo open >&6
-until_true heard "did open" $((rounds + 1))
-hang "$(xdotool search --sync --onlyvisible --name '^FURTHER$')"
-echo close >&6
-until_true heard "did close" $((rounds + 1))
-go_on
-drop one file
-until_true heard "file a b.txt" $((rounds + 1))
+leave() {  # HOW TIMES: the window that it asked goes meanwhile; other drops are taken afterwards
+  opened=$((opened + 1))
+  echo open >&6
+  until_true heard "did open" "$opened"
+  hang "$(xdotool search --sync --onlyvisible --name '^FURTHER$')"
+  echo "$1" >&6
+  until_true heard "did $1" "$2"
+  go_on
+  drop one file
+  until_true heard "file a b.txt" "$opened"
+}
+leave hide 1
+leave close $((rounds + 1))
 # The window goes on, and takes the keys that come meanwhile once it no longer waits.
 hang "$window"
 echo places >&6

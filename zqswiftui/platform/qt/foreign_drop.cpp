@@ -196,7 +196,12 @@ bool ForeignDrop::eventFilter(QObject* window, QEvent* event) {
   const auto watch = connect(window, &QObject::destroyed, [waiting] { waiting->gone = true; });
   waiting->fetched = fetch(drop);
   disconnect(watch);
-  if (!waiting->gone) return false;
+  if (!waiting->gone) {
+    // Qt answers the program in the name of the native window, which one that was closed has not.
+    auto* stands = qobject_cast<QWindow*>(window);
+    if (stands != nullptr && stands->handle() == nullptr) stands->create();
+    return false;
+  }
   drop.setDropAction(Qt::IgnoreAction);
   drop.ignore();
   return true;

@@ -8,7 +8,7 @@
 using namespace zq;
 
 // Owns nothing: it shows and changes a number that lives elsewhere.
-struct Stepper {
+struct Counted {
   Binding<int> value;
 
   View body(Context&) const {
@@ -25,7 +25,7 @@ struct Counter {
     auto count = context.state(0);
     auto favorite = context.state(false);
     return VStack({.spacing = 16},
-                  {Stepper{count.binding()}, ZQFavoriteButton({.isFavorite = favorite.binding()}),
+                  {Counted{count.binding()}, ZQFavoriteButton({.isFavorite = favorite.binding()}),
                    ProgressView(*count / 10.0).frame({.width = 160})})
         .padding(24);
   }

@@ -13,6 +13,8 @@
 #include <zqswiftui/bindings/zq_notificable_text_view.hpp>
 #include <zqswiftui/bindings/zq_notificable_value.hpp>
 #include <zqswiftui/controls/icon_buttons.hpp>
+#include <zqswiftui/controls/menu.hpp>
+#include <zqswiftui/controls/number_field.hpp>
 #include <zqswiftui/controls/picker.hpp>
 #include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
@@ -51,6 +53,7 @@
 #include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 #include <zqswiftui/layout/row_list.hpp>
+#include <zqswiftui/layout/split_view.hpp>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>

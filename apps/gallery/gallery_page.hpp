@@ -15,6 +15,8 @@
   PAGE(square_buttons)         \
   PAGE(switching_buttons)      \
   PAGE(choices)                \
+  PAGE(numbers)                \
+  PAGE(menus)                  \
   PAGE(help_and_bars)          \
   PAGE(labeled_spinner)        \
   PAGE(progress_bar_view)      \
@@ -26,6 +28,7 @@
   PAGE(mini_timeline)          \
   PAGE(timecode_view)          \
   PAGE(canvas_rects)           \
+  PAGE(split_view)             \
   PAGE(deferred_bindings)      \
   PAGE(notifications)          \
   PAGE(settings)               \

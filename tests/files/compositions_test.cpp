@@ -170,6 +170,7 @@ TEST_F(Compositions, aWellKeepsWhatIsDroppedInItsStore) {
   ASSERT_TRUE(id);
   h.setRoot(well());
   EXPECT_EQ(commands(h), (std::vector<std::string>{"picture", "frame"}));
+  EXPECT_EQ(h.drawn().front().bounds.height, std::min(kSize.width, kSize.height) - 2 * 4);
   EXPECT_EQ(shown(h), "");
   clickOpens(h, {"png", "jpeg", "jpg"});
   h.setRoot(well().id("anew"));

@@ -131,6 +131,33 @@ TEST(HostFocus, leavingTheViewLeavesNothingFocusedInItsTree) {
   EXPECT_EQ(static_cast<QLineEdit&>(window.after()).text(), QStringLiteral(" "));
 }
 
+TEST(HostFocus, whatAnEditorLeavesOverReachesTheViewAroundItAndTheShortcuts) {
+  std::string log, text;
+  const Binding<std::string> typed([&] { return text; }, [&](const std::string& t) { text = t; });
+  const auto leftover = [&](const KeyEvent& event) {
+    if (event.key == Key::up) log += "up ";
+    return event.key == Key::up;
+  };
+  HostWidget host(View(TextField("f", typed).onEditingEnded([&] { log += "ended "; }))
+                      .onLeftoverKey(leftover)
+                      .onShortcut(Shortcut::control("s"), [&] { log += "save "; })
+                      .onSecondaryTap([&](Point) { log += "menu "; }));
+  host.show();
+  host.activateWindow();
+  settle();
+  host.findChild<QLineEdit*>()->setFocus();
+  settle();
+  ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
+  press(Qt::Key_Up, {}, Qt::NoModifier);
+  press(Qt::Key_S, QStringLiteral("\x13"), Qt::ControlModifier);
+  press(Qt::Key_F10, {}, Qt::ShiftModifier);
+  press(Qt::Key_S, QStringLiteral("s"), Qt::NoModifier);
+  QApplication::focusWidget()->clearFocus();
+  settle();
+  EXPECT_EQ(log, "up save menu ended ");
+  EXPECT_EQ(text, "s");
+}
+
 // A field whose text is also shown, and a colour that can be changed from outside.
 struct Typed {
   std::shared_ptr<std::vector<std::string>> heard;

@@ -80,7 +80,7 @@ View Picker::body(Context& context) const {
     return true;
   };
   return face.onTap([isOpen] { isOpen.set(!*isOpen); })
-      .onKey(keyed)
+      .onLeftoverKey(keyed)
       .accessibility({.role = Role::button, .label = *parameters_.label, .value = shown})
       .popover(isOpen.binding(), list(isOpen.binding()));
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <zqswiftui/layout/canvas_rects.hpp>
+#include <zqswiftui/platform/base/number_text.hpp>
 
 namespace zq {
 namespace {
@@ -208,18 +209,6 @@ ZQTimeRange rangeOfRect(const Rect& rect, const ZQTimeRange& targetRange) {
   const double span = spanOf(targetRange);
   const double start = finite(rect.x * span);
   return {start, finite(start + rect.width * span)};
-}
-
-std::string spokenNumber(double value, int decimals) {
-  const double scale = std::pow(10.0, decimals);
-  const double shown = std::round(value * scale) / scale + 0.0;  // no zero with a sign
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%.*f", decimals, shown);
-  std::string number = text.data();
-  if (number.find('.') == std::string::npos) return number;
-  number.erase(number.find_last_not_of('0') + 1);
-  if (number.back() == '.') number.pop_back();
-  return number;
 }
 
 std::string spokenRect(const Rect& rect, int decimals) {

@@ -117,8 +117,6 @@ ZQTimeRange rangeOfRect(const Rect& rect, const ZQTimeRange& targetRange);
 
 // --- Said to people ---
 
-// At most so many decimals, without zeros at the end: 0.25, 200.
-std::string spokenNumber(double value, int decimals);
 // "x 200 y 100, 400 by 200"; "nothing drawn" where there is nothing.
 std::string spokenRect(const Rect& rect, int decimals);
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
+#include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 
 namespace zq {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <zqswiftui/layout/rect_outline.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>
+#include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/geometry_reader.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>

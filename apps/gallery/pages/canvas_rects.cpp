@@ -6,6 +6,7 @@
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>
+#include <zqswiftui/platform/base/number_text.hpp>
 
 namespace zq::gallery {
 namespace {

@@ -111,6 +111,21 @@ void appendNumber(std::string& text, std::int64_t value) {
               std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
 }
 
+std::string spokenNumber(double value, int decimals) {
+  constexpr double kLarge = 1e15;
+  if (!(std::abs(value) < kLarge)) return standardText(value);
+  const double scale = std::pow(10.0, decimals);
+  const double shown = std::round(value * scale) / scale + 0.0;  // no zero with a sign
+  std::array<char, 64> digits{};
+  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), shown,
+                                     std::chars_format::fixed, decimals);
+  std::string text(digits.data(), written.ptr);
+  if (text.find('.') == std::string::npos) return text;
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') text.pop_back();
+  return text;
+}
+
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
   constexpr std::size_t mostDigits = std::numeric_limits<std::uint64_t>::digits10;
   if (const auto plain = whole<std::int64_t>(text)) return plain;

@@ -8,9 +8,9 @@
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
+#include <mutex>
 #include <utility>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/drop_offer.hpp>
@@ -104,7 +104,8 @@ class Fetching final : public DropData {
     if (late_) return std::nullopt;
     QEventLoop loop;
     Found found;
-    std::atomic<bool> answered = false;
+    bool answered = false;
+    std::mutex mutex;  // once it was had after the answer, the reader has let go of these
     reader_->read({.selection = "XdndSelection",
                    .types = std::move(types),
                    .mostBytes = kMostBytes,
@@ -113,6 +114,7 @@ class Fetching final : public DropData {
                    .time = time_,
                    .deadline = deadline_},
                   [&](Found given) {
+                    const std::lock_guard lock(mutex);
                     found = std::move(given);
                     answered = true;
                     QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
@@ -124,8 +126,11 @@ class Fetching final : public DropData {
     timer.callOnTimeout(&loop, &QEventLoop::quit);
     timer.start(std::max(left, std::chrono::milliseconds(0)));
     loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (!answered) reader_.reset();  // its answer would find nobody
-    late_ = !found && (!answered || Clock::now() >= deadline_);
+    mutex.lock();
+    const bool ended = answered;
+    mutex.unlock();
+    if (!ended) reader_.reset();  // its answer would find nobody
+    late_ = !found && (!ended || Clock::now() >= deadline_);
     return found;
   }
 

@@ -25,7 +25,7 @@ namespace {
 // Qt counts a wheel in eighths of a degree, 120 for a notch; a notch scrolls by 48 points.
 constexpr double kPointsPerEighth = 48.0 / 120.0;
 
-constexpr std::array<std::pair<int, Key>, 16> kKeys{{
+constexpr std::array<std::pair<int, Key>, 17> kKeys{{
     {Qt::Key_Tab, Key::tab},
     {Qt::Key_Backtab, Key::tab},
     {Qt::Key_Return, Key::enter},
@@ -42,6 +42,7 @@ constexpr std::array<std::pair<int, Key>, 16> kKeys{{
     {Qt::Key_End, Key::end},
     {Qt::Key_PageUp, Key::pageUp},
     {Qt::Key_PageDown, Key::pageDown},
+    {Qt::Key_Menu, Key::menu},
 }};
 
 Modifiers modifiersOf(Qt::KeyboardModifiers modifiers) {
@@ -65,6 +66,9 @@ std::optional<KeyEvent> toKeyEvent(const QKeyEvent& event) {
     result.key = meaning;
     if (key == Qt::Key_Backtab) result.modifiers.shift = true;
     return result;
+  }
+  if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier) {
+    return KeyEvent{.key = Key::menu, .text = {}, .modifiers = {}};
   }
   // With Control held a key types nothing, but it still is that letter.
   if (result.text.empty() && event.key() > Qt::Key_Space && event.key() < 0x7f) {
@@ -137,7 +141,8 @@ void HostWidget::wheelEvent(QWheelEvent* event) {
 void HostWidget::keyPressEvent(QKeyEvent* event) {
   const std::optional<KeyEvent> key = toKeyEvent(*event);
   // What an editor leaves over must not be typed into the field a second time.
-  const bool typing = fields_->haveFocus() && key && !key->text.empty() && key->key != Key::enter;
+  const bool typing = fields_->haveFocus() && key && !key->text.empty() && key->key != Key::enter &&
+                      !key->modifiers.control && !key->modifiers.alt;
   if (key && !typing && host_->key(*key)) return fields_->followFocus();
   QWidget::keyPressEvent(event);
 }

@@ -49,6 +49,10 @@ Qt::CursorShape shapeOf(Cursor cursor) {
       return Qt::SizeFDiagCursor;
     case Cursor::resizeDiagonalBack:
       return Qt::SizeBDiagCursor;
+    case Cursor::resizeHorizontal:
+      return Qt::SplitHCursor;
+    case Cursor::resizeVertical:
+      return Qt::SplitVCursor;
     case Cursor::grab:
       return Qt::OpenHandCursor;
     case Cursor::arrow:

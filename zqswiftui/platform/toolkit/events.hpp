@@ -35,13 +35,29 @@ enum class Key : unsigned char {
   home,
   end,
   pageUp,
-  pageDown
+  pageDown,
+  menu  // asks for what a secondary click would
 };
 
 struct KeyEvent {
   Key key = Key::character;
   std::string text;  // UTF-8, what the key types; empty for most keys
   Modifiers modifiers;
+};
+
+// A key with what is held down with it. One of a character goes by what is typed without Shift.
+//   save.keyboardShortcut(Shortcut::control("s"))
+struct Shortcut {
+  Shortcut(Key pressed) : key(pressed) {}  // NOLINT(google-explicit-constructor): mostly a key
+  static Shortcut control(std::string letter);
+  static Shortcut controlShift(std::string letter);
+  bool matches(const KeyEvent& event) const;
+  std::string text() const;  // as a menu shows it: "Ctrl+Shift+Z"
+  bool operator==(const Shortcut&) const = default;
+
+  Key key;
+  std::string letter = {};  // in lower case, of Key::character
+  Modifiers modifiers = {};
 };
 
 // Positive y scrolls towards the end of the content. Points, already scaled by the host.
@@ -58,6 +74,8 @@ enum class Cursor : unsigned char {
   text,
   resizeDiagonal,
   resizeDiagonalBack,
+  resizeHorizontal,
+  resizeVertical,
   grab
 };
 

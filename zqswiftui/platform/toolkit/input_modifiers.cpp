@@ -252,17 +252,32 @@ class HintNode;
 class HintValue final : public ModifierValue<HintValue, HintNode> {
  public:
   explicit HintValue(View givenChild) : ModifierValue(std::move(givenChild)) {}
-  std::optional<Key> shortcut;
+  std::optional<Shortcut> shortcut;
   std::optional<Cursor> cursor;
   std::optional<std::string> help;
+  std::function<void()> shortcutAction;  // none: what is inside is pressed
+  std::function<void(Point)> secondary;
+  std::function<bool(const KeyEvent&)> leftover;
 };
 
 class HintNode final : public ModifierNode<HintValue>, public Responder {
  public:
   using ModifierNode::ModifierNode;
   Responder* responder() override { return this; }
-  bool takesPointer() const override { return value().help || value().cursor; }
-  std::optional<Key> shortcut() const override { return value().shortcut; }
+  bool takesPointer() const override { return value().help || value().cursor || value().secondary; }
+  const Shortcut* shortcut() const override {
+    return value().shortcut ? &*value().shortcut : nullptr;
+  }
+  const std::function<void()>* shortcutAction() const override {
+    return value().shortcutAction ? &value().shortcutAction : nullptr;
+  }
+  const std::function<void(Point)>* secondaryTap() const override {
+    return value().secondary ? &value().secondary : nullptr;
+  }
+  bool key(const KeyEvent& event) override {
+    const auto action = value().leftover;  // it may end this view
+    return action && action(event);
+  }
   std::optional<Cursor> cursor() const override { return value().cursor; }
   const std::string* help() const override { return value().help ? &*value().help : nullptr; }
   std::string debugName() const override { return "Hint"; }
@@ -318,8 +333,26 @@ View modify::hitArea(View view, std::function<bool(Point)> contains) {
   return View::make<HitAreaValue>(std::move(view), std::move(contains));
 }
 
-View modify::keyboardShortcut(View view, Key key) {
-  return hint(std::move(view), [key](HintValue& v) { v.shortcut = key; });
+View modify::keyboardShortcut(View view, Shortcut shortcut) {
+  return hint(std::move(view), [&](HintValue& v) { v.shortcut = std::move(shortcut); });
+}
+
+View modify::onShortcut(View view, Shortcut shortcut, std::function<void()> action) {
+  if (!action) return view;
+  return hint(std::move(view), [&](HintValue& v) {
+    v.shortcut = std::move(shortcut);
+    v.shortcutAction = std::move(action);
+  });
+}
+
+View modify::onSecondaryTap(View view, std::function<void(Point)> action) {
+  if (!action) return view;
+  return hint(std::move(view), [&](HintValue& v) { v.secondary = std::move(action); });
+}
+
+View modify::onLeftoverKey(View view, std::function<bool(const KeyEvent&)> action) {
+  if (!action) return view;
+  return hint(std::move(view), [&](HintValue& v) { v.leftover = std::move(action); });
 }
 
 View modify::cursor(View view, Cursor cursor) {

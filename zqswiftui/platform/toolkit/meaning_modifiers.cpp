@@ -234,14 +234,17 @@ class PopoverNode;
 
 class PopoverValue final : public ModifierValue<PopoverValue, PopoverNode> {
  public:
-  PopoverValue(View givenChild, Binding<bool> givenIsPresented, View givenContent)
+  PopoverValue(View givenChild, Binding<bool> givenIsPresented, View givenContent,
+               HorizontalAlignment givenAlignment)
       : ModifierValue(std::move(givenChild)),
         isPresented(std::move(givenIsPresented)),
         shown(this->isPresented.get()),
-        content(std::move(givenContent)) {}
+        content(std::move(givenContent)),
+        alignment(givenAlignment) {}
   Binding<bool> isPresented;
   bool shown;  // as it was when the view was made
   View content;
+  HorizontalAlignment alignment;
 };
 
 class PopoverNode final : public ModifierNode<PopoverValue> {
@@ -252,7 +255,8 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
     ModifierNode::mount();
     if (!value().shown) return;
     tree().later(*this, [this] {
-      if (value().shown) tree().popovers().show(*this, value().content, dismissal());
+      if (value().shown)
+        tree().popovers().show(*this, value().content, dismissal(), value().alignment);
     });
   }
   void update(const View& next) override {
@@ -262,7 +266,8 @@ class PopoverNode final : public ModifierNode<PopoverValue> {
     setView(next);
     setChild(now.child);
     if (now.shown && wasShown) tree().popovers().update(*this, now.content, dismissal());
-    if (now.shown && !wasShown) tree().popovers().show(*this, now.content, dismissal());
+    if (now.shown && !wasShown)
+      tree().popovers().show(*this, now.content, dismissal(), now.alignment);
     if (!now.shown && wasShown) tree().popovers().hide(*this);
   }
   bool hasMemory() const override { return value().shown; }
@@ -310,8 +315,10 @@ View modify::id(View view, std::string id) {
   return View::make<IdValue>(std::move(view), std::move(id));
 }
 
-View modify::popover(View view, Binding<bool> isPresented, View content) {
-  return View::make<PopoverValue>(std::move(view), std::move(isPresented), std::move(content));
+View modify::popover(View view, Binding<bool> isPresented, View content,
+                     HorizontalAlignment alignment) {
+  return View::make<PopoverValue>(std::move(view), std::move(isPresented), std::move(content),
+                                  alignment);
 }
 
 }  // namespace zq

@@ -71,15 +71,22 @@ class ViewModifiers {
 
   // Input. Null callbacks do nothing, and leave the view as it was.
   View onTap(std::function<void()> action) const;  // reached by Tab, pressed by Space or Enter
+  // A press of the other button, or the menu key on what has the focus in here; the point is one
+  // of this view.
+  View onSecondaryTap(std::function<void(Point point)> action) const;
   View onHover(std::function<void(bool inside)> action) const;
   // Reached by Tab and by a click, and told the keys from then on; answers whether it took one.
   // The ring around what has the focus lies so far inside of the view.
   View onKey(std::function<bool(const KeyEvent& key)> action, double ringInset = 0) const;
+  // Told the keys that what has the focus in here leaves over; is not reached by Tab itself.
+  View onLeftoverKey(std::function<bool(const KeyEvent& key)> action) const;
   View gesture(DragGesture gesture) const;
   View onDrop(DropTarget target) const;
   // Points of the view at which it, and what is in it, is not there for the pointer answer false.
   View hitArea(std::function<bool(Point point)> contains) const;
-  View keyboardShortcut(Key key) const;  // presses what is inside, from anywhere in the window
+  View keyboardShortcut(Shortcut shortcut) const;  // presses what is inside, from anywhere
+  // Does something from anywhere in the window, while this view is shown and not disabled.
+  View onShortcut(Shortcut shortcut, std::function<void()> action) const;
   View disabled(bool disabled = true) const;
   View cursor(Cursor cursor) const;
   View help(std::string text) const;  // shown near the pointer after a moment
@@ -102,8 +109,10 @@ class ViewModifiers {
   template <class T>
   View environmentObject(std::shared_ptr<T> object) const;
   // Content in a bubble beside the view while the binding is true; Escape and a click
-  // elsewhere set it to false. Shortcuts behind it are not heard while it is open.
-  View popover(Binding<bool> isPresented, View content) const;
+  // elsewhere set it to false. Shortcuts behind it are not heard while it is open. Its middle is
+  // on the view's, or its leading or trailing edge on the view's.
+  View popover(Binding<bool> isPresented, View content,
+               HorizontalAlignment alignment = HorizontalAlignment::center) const;
 
   // For a defaulted comparison of Self, and for no more: one that Self inherited would call any
   // two of them equal, and neither would ever be evaluated again.
@@ -132,12 +141,15 @@ View clipShape(View view, const ShapeView& shape);
 View clipped(View view);
 View environment(View view, std::function<void(Environment&)> change);
 View onTap(View view, std::function<void()> action);
+View onSecondaryTap(View view, std::function<void(Point)> action);
 View onHover(View view, std::function<void(bool)> action);
 View onKey(View view, std::function<bool(const KeyEvent&)> action, double ringInset);
+View onLeftoverKey(View view, std::function<bool(const KeyEvent&)> action);
 View gesture(View view, DragGesture gesture);
 View onDrop(View view, DropTarget target);
 View hitArea(View view, std::function<bool(Point)> contains);
-View keyboardShortcut(View view, Key key);
+View keyboardShortcut(View view, Shortcut shortcut);
+View onShortcut(View view, Shortcut shortcut, std::function<void()> action);
 View cursor(View view, Cursor cursor);
 View help(View view, std::string text);
 View onAppear(View view, std::function<void()> action);
@@ -153,7 +165,7 @@ class Watched {
 View onChange(View view, const void* type, std::shared_ptr<const Watched> watched);
 View accessibility(View view, Accessibility info);
 View id(View view, std::string id);
-View popover(View view, Binding<bool> isPresented, View content);
+View popover(View view, Binding<bool> isPresented, View content, HorizontalAlignment alignment);
 
 }  // namespace modify
 }  // namespace zq

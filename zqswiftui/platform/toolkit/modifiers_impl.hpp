@@ -113,6 +113,14 @@ View ViewModifiers<S>::onKey(std::function<bool(const KeyEvent&)> action, double
   return modify::onKey(view(), std::move(action), ringInset);
 }
 template <class S>
+View ViewModifiers<S>::onLeftoverKey(std::function<bool(const KeyEvent&)> action) const {
+  return modify::onLeftoverKey(view(), std::move(action));
+}
+template <class S>
+View ViewModifiers<S>::onSecondaryTap(std::function<void(Point)> action) const {
+  return modify::onSecondaryTap(view(), std::move(action));
+}
+template <class S>
 View ViewModifiers<S>::gesture(DragGesture gesture) const {
   return modify::gesture(view(), std::move(gesture));
 }
@@ -125,8 +133,12 @@ View ViewModifiers<S>::hitArea(std::function<bool(Point)> contains) const {
   return modify::hitArea(view(), std::move(contains));
 }
 template <class S>
-View ViewModifiers<S>::keyboardShortcut(Key key) const {
-  return modify::keyboardShortcut(view(), key);
+View ViewModifiers<S>::keyboardShortcut(Shortcut shortcut) const {
+  return modify::keyboardShortcut(view(), std::move(shortcut));
+}
+template <class S>
+View ViewModifiers<S>::onShortcut(Shortcut shortcut, std::function<void()> action) const {
+  return modify::onShortcut(view(), std::move(shortcut), std::move(action));
 }
 template <class S>
 View ViewModifiers<S>::disabled(bool disabled) const {
@@ -167,8 +179,9 @@ View ViewModifiers<S>::id(std::string id) const {
   return modify::id(view(), std::move(id));
 }
 template <class S>
-View ViewModifiers<S>::popover(Binding<bool> isPresented, View content) const {
-  return modify::popover(view(), std::move(isPresented), std::move(content));
+View ViewModifiers<S>::popover(Binding<bool> isPresented, View content,
+                               HorizontalAlignment alignment) const {
+  return modify::popover(view(), std::move(isPresented), std::move(content), alignment);
 }
 
 template <class S>

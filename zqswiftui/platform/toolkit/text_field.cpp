@@ -85,6 +85,12 @@ void TextFieldNode::submitted() {
   if (submit) submit();
 }
 
+void TextFieldNode::focusChanged(bool focused, bool) {
+  invalidatePicture();
+  const auto ended = value().ended;  // it may end this view
+  if (!focused && ended) ended();
+}
+
 bool TextFieldNode::key(const KeyEvent& event) {
   std::string text = text_;
   std::size_t caret = caret_;
@@ -185,8 +191,12 @@ TextField TextField::onSubmit(std::function<void()> action) const {
   return with(*this, &TextField::submit_, std::move(action));
 }
 
+TextField TextField::onEditingEnded(std::function<void()> action) const {
+  return with(*this, &TextField::ended_, std::move(action));
+}
+
 TextField::operator View() const {
-  return View::make<TextFieldValue>(placeholder_, text_, submit_);
+  return View::make<TextFieldValue>(placeholder_, text_, submit_, ended_);
 }
 
 }  // namespace zq

@@ -16,12 +16,15 @@ class TextField : public ViewModifiers<TextField> {
   TextField(std::string placeholder, Binding<std::string> text)
       : placeholder_(std::move(placeholder)), text_(std::move(text)) {}
   TextField onSubmit(std::function<void()> action) const;  // Return was pressed
-  operator View() const;                                   // NOLINT(google-explicit-constructor)
+  // The focus has gone elsewhere, to another window too.
+  TextField onEditingEnded(std::function<void()> action) const;
+  operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:
   std::string placeholder_;
   Binding<std::string> text_;
   std::function<void()> submit_;
+  std::function<void()> ended_;
 };
 
 }  // namespace zq

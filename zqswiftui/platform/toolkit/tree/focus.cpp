@@ -33,14 +33,16 @@ Node* firstPressable(Node& node) {
   return found;
 }
 
-Node* shortcutTarget(Node& node, Key key) {
+// What the first view that knows the shortcut does by it.
+std::function<void()> shortcutAction(Node& node, const KeyEvent& event) {
   const Responder* r = node.responder();
-  if (r && r->shortcut() == key) {
-    if (Node* target = firstPressable(node)) return target;
+  if (r && r->shortcut() && r->shortcut()->matches(event) && node.environment().enabled) {
+    if (const auto* action = r->shortcutAction()) return *action;
+    if (Node* target = firstPressable(node)) return [target] { target->responder()->pressed(); };
   }
-  Node* found = nullptr;
+  std::function<void()> found;
   node.forEachChild([&](Node& child) {
-    if (!found) found = shortcutTarget(child, key);
+    if (!found) found = shortcutAction(child, event);
   });
   return found;
 }
@@ -91,15 +93,21 @@ void FocusController::refresh() {
   if (focused_ && !focused_->environment().enabled) giveUp(*focused_);
 }
 
+void FocusController::comeBack(const Node& subtree, Node* before, Node& other) {
+  const bool inside = focused_ && focused_->isIn(subtree);
+  if (!inside || !before || !before->environment().enabled) return goOnFrom(subtree, other);
+  set(before, ring_ ? Ring::shown : Ring::hidden);
+}
+
 void FocusController::goOnFrom(const Node& subtree, Node& other) {
   const Node* place = focused_ ? focused_ : lost_;
   if (place && place->isIn(subtree)) giveUp(other);
 }
 
-bool FocusController::pressShortcut(Node& within, Key key) {
-  Node* target = shortcutTarget(within, key);
-  if (target) target->responder()->pressed();
-  return target != nullptr;
+bool FocusController::pressShortcut(Node& within, const KeyEvent& event) {
+  const std::function<void()> action = shortcutAction(within, event);
+  if (action) action();
+  return action != nullptr;
 }
 
 // The focused view and those around it, then a press of it.
@@ -108,6 +116,7 @@ bool FocusController::pressFocused(const KeyEvent& event) {
     Responder* r = node->responder();
     if (r && node->environment().enabled && r->key(event)) return true;
   }
+  if (event.key == Key::menu) return openMenu();
   const bool presses = event.key == Key::space || event.key == Key::enter;
   if (!presses || !focused_ || !focused_->environment().enabled) return false;
   if (!focused_->responder()->wantsPress()) return false;
@@ -115,11 +124,23 @@ bool FocusController::pressFocused(const KeyEvent& event) {
   return true;
 }
 
+bool FocusController::openMenu() {
+  for (Node* node = focused_; node; node = node->parent()) {
+    const Responder* r = node->responder();
+    if (!r || !r->secondaryTap() || !node->environment().enabled) continue;
+    const Rect place = focused_->localBounds();
+    const auto action = *r->secondaryTap();  // it may end this view
+    action(node->fromWindow(focused_->toWindow({place.x, place.maxY(), 0, 0}).origin()));
+    return true;
+  }
+  return false;
+}
+
 bool FocusController::key(const KeyEvent& event) {
   Node* bubble = tree_.popovers().top();
   Node& layer = bubble ? *bubble : tree_.root();
   const auto pressLayer = [&] {
-    if (pressShortcut(layer, event.key)) return true;
+    if (pressShortcut(layer, event)) return true;
     return event.key == Key::escape && tree_.popovers().dismissTop();
   };
   // A bubble comes before what has the focus behind it; what lies behind keeps no shortcuts.

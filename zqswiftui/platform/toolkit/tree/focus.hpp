@@ -24,12 +24,15 @@ class FocusController {
   void refresh();  // what has the focus may be disabled now
   // The subtree goes: where it has the focus, or had it last, Tab goes on from the other node.
   void goOnFrom(const Node& subtree, Node& other);
+  // The same of a subtree for which the focus was taken from `before`, which gets it back.
+  void comeBack(const Node& subtree, Node* before, Node& other);
   void forget(const Node& node);
 
  private:
   void giveUp(Node& place);
   bool pressFocused(const KeyEvent& event);
-  bool pressShortcut(Node& within, Key key);
+  bool openMenu();
+  bool pressShortcut(Node& within, const KeyEvent& event);
 
   Tree& tree_;
   Node* focused_ = nullptr;

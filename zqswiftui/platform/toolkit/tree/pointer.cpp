@@ -39,6 +39,7 @@ HitPath PointerController::hit(Point position) const {
 bool PointerController::down(Point position, PointerButton button) {
   position_ = position;
   if (tree_.popovers().dismissedBy(position)) return true;
+  if (button == PointerButton::secondary) return secondaryTap(position);
   if (button != PointerButton::primary) return false;
   if (press_ || drag_) cancelGestures();  // its release was lost
   const HitPath path = hit(position);
@@ -64,6 +65,23 @@ bool PointerController::down(Point position, PointerButton button) {
   }
   if (drag_ && drag_->responder()->dragGesture()->minimumDistance <= 0) return move(position), true;
   return press_ || drag_ || focusedSome;
+}
+
+// Of the front-most view that has one; what can have the focus there gets it.
+bool PointerController::secondaryTap(Point position) {
+  Node* focusable = nullptr;
+  for (const Hit& h : hit(position)) {
+    const Responder* r = enabledResponder(*h.node);
+    if (!r) continue;
+    if (!focusable && r->focusable()) focusable = h.node;
+    if (!r->secondaryTap()) continue;
+    const Point local = h.node->fromWindow(position);
+    const auto action = *r->secondaryTap();  // it may end this view
+    if (focusable) tree_.focus().set(focusable, FocusController::Ring::hidden);
+    action(local);
+    return true;
+  }
+  return false;
 }
 
 DragValue PointerController::dragValue(Point position) const {

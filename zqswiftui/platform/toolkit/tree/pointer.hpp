@@ -38,6 +38,7 @@ class PointerController {
   void updateCursorAndHelp(const HitPath& path);
   void setTargeted(Node* node);
   Node* dropNode(const DropInfo& info, Point& local) const;
+  bool secondaryTap(Point position);
   DragValue dragValue(Point position) const;
   void endPress(bool fire);
   void cancelDrag();

@@ -20,11 +20,13 @@ View bubbleAround(const View& content) {
 
 }  // namespace
 
-Rect popoverFrame(const Rect& anchor, Size bubble, Size window) {
+Rect popoverFrame(const Rect& anchor, Size bubble, Size window, HorizontalAlignment alignment) {
   const double below = anchor.maxY() + kGap, above = anchor.y - kGap - bubble.height;
   const bool fitsBelow = below + bubble.height <= window.height - kMargin;
   double y = fitsBelow || above < kMargin ? below : above;
   double x = anchor.midX() - bubble.width / 2;
+  if (alignment == HorizontalAlignment::leading) x = anchor.x;
+  if (alignment == HorizontalAlignment::trailing) x = anchor.maxX() - bubble.width;
   x = std::max(kMargin, std::min(x, window.width - kMargin - bubble.width));
   y = std::max(kMargin, std::min(y, window.height - kMargin - bubble.height));
   return Rect::of({x, y}, bubble);
@@ -37,11 +39,13 @@ PopoverController::Bubble* PopoverController::find(const Node& anchor) {
   return nullptr;
 }
 
-void PopoverController::show(Node& anchor, const View& content, std::function<void()> dismiss) {
+void PopoverController::show(Node& anchor, const View& content, std::function<void()> dismiss,
+                             HorizontalAlignment alignment) {
   if (find(anchor)) return update(anchor, content, std::move(dismiss));
   auto node = Node::create(bubbleAround(content), tree_, &tree_.root());
   node->setEnvironment(anchor.childEnvironment());
-  bubbles_.push_back({&anchor, std::move(node), std::move(dismiss)});
+  bubbles_.push_back(
+      {&anchor, std::move(node), std::move(dismiss), alignment, tree_.focus().focused()});
   tree_.root().invalidateBounds();
   tree_.root().invalidatePlacement();
   tree_.contentChanged();
@@ -56,11 +60,17 @@ void PopoverController::update(Node& anchor, const View& content, std::function<
   tree_.root().invalidatePlacement();
 }
 
+void PopoverController::forget(const Node& node) {
+  for (Bubble& b : bubbles_) {
+    if (b.focusBefore == &node) b.focusBefore = nullptr;
+  }
+}
+
 void PopoverController::hide(const Node& anchor) {
   Bubble* bubble = find(anchor);
   if (!bubble) return;
   bubble->content->damageAll();
-  tree_.focus().goOnFrom(*bubble->content, *bubble->anchor);
+  tree_.focus().comeBack(*bubble->content, bubble->focusBefore, *bubble->anchor);
   tree_.willRemove(*bubble->content);
   const auto node = std::move(bubble->content);  // goes after the list has lost it
   bubbles_.erase(bubbles_.begin() + (bubble - bubbles_.data()));
@@ -85,6 +95,15 @@ bool PopoverController::dismissedBy(Point position) {
   return dismissTop();
 }
 
+// The side on the screen, where the anchor's is leading and trailing.
+HorizontalAlignment PopoverController::placed(const Bubble& bubble) {
+  const bool mirrored =
+      bubble.anchor->environment().layoutDirection == LayoutDirection::rightToLeft;
+  if (!mirrored || bubble.alignment == HorizontalAlignment::center) return bubble.alignment;
+  return bubble.alignment == HorizontalAlignment::leading ? HorizontalAlignment::trailing
+                                                          : HorizontalAlignment::leading;
+}
+
 void PopoverController::place() {
   const Size window = tree_.root().frame().size();
   for (Bubble& b : bubbles_) {
@@ -92,7 +111,7 @@ void PopoverController::place() {
     Size size = b.content->measure(ProposedSize::unspecified());
     if (size.width > widest) size = b.content->measure({widest, std::nullopt});
     const Rect anchor = b.anchor->toWindow(b.anchor->localBounds());
-    b.content->place(popoverFrame(anchor, size, window));
+    b.content->place(popoverFrame(anchor, size, window, placed(b)));
   }
 }
 

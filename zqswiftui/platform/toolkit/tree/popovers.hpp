@@ -13,7 +13,8 @@ class PopoverController {
  public:
   explicit PopoverController(Tree& tree) : tree_(tree) {}
 
-  void show(Node& anchor, const View& content, std::function<void()> dismiss);
+  void show(Node& anchor, const View& content, std::function<void()> dismiss,
+            HorizontalAlignment alignment);
   void update(Node& anchor, const View& content, std::function<void()> dismiss);
   void hide(const Node& anchor);
   void setEnvironment(const Node& anchor, const EnvironmentPtr& environment);
@@ -23,21 +24,26 @@ class PopoverController {
   bool dismissedBy(Point position);
   void place();
   void forEachNode(const NodeVisitor& visit);
+  void forget(const Node& node);
 
  private:
   struct Bubble {
     Node* anchor;
     std::unique_ptr<Node> content;
     std::function<void()> dismiss;
+    HorizontalAlignment alignment;
+    Node* focusBefore;  // gets it back
   };
   Bubble* find(const Node& anchor);
+  static HorizontalAlignment placed(const Bubble& bubble);
 
   Tree& tree_;
   std::vector<Bubble> bubbles_;
 };
 
 // Where a bubble of that size stands beside the anchor: below it where there is room, else
-// above, its middle on the anchor's, pushed inside the window.
-Rect popoverFrame(const Rect& anchor, Size bubble, Size window);
+// above, pushed inside the window. Leading is left here.
+Rect popoverFrame(const Rect& anchor, Size bubble, Size window,
+                  HorizontalAlignment alignment = HorizontalAlignment::center);
 
 }  // namespace zq

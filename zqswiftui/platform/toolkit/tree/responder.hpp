@@ -23,6 +23,7 @@ class Responder {
   virtual void pressChanged(bool /*down*/) {}
   virtual void pressed() {}  // released inside, or by key or screen reader
 
+  virtual const std::function<void(Point)>* secondaryTap() const { return nullptr; }
   virtual const DragGesture* dragGesture() const { return nullptr; }
   virtual const DropTarget* dropTarget() const { return nullptr; }
   virtual bool wheel(const WheelEvent&) { return false; }
@@ -32,7 +33,9 @@ class Responder {
   virtual bool focusable() const { return false; }
   virtual void focusChanged(bool /*focused*/, bool /*ring*/) {}
   virtual bool key(const KeyEvent&) { return false; }
-  virtual std::optional<Key> shortcut() const { return std::nullopt; }
+  virtual const Shortcut* shortcut() const { return nullptr; }
+  // None: what is inside is pressed.
+  virtual const std::function<void()>* shortcutAction() const { return nullptr; }
   virtual bool isTextField() const { return false; }
   virtual void edited(const std::string& /*text*/) {}
   virtual void submitted() {}

@@ -13,11 +13,12 @@ class TextFieldNode;
 class TextFieldValue final : public ViewValue {
  public:
   TextFieldValue(std::string givenPlaceholder, Binding<std::string> givenBinding,
-                 std::function<void()> givenSubmit)
+                 std::function<void()> givenSubmit, std::function<void()> givenEnded)
       : placeholder(std::move(givenPlaceholder)),
         binding(std::move(givenBinding)),
         text(this->binding.get()),
-        submit(std::move(givenSubmit)) {}
+        submit(std::move(givenSubmit)),
+        ended(std::move(givenEnded)) {}
   const void* typeId() const override { return &detail::viewTypeId<TextFieldValue>; }
   std::unique_ptr<Node> makeNode(const NodePlace& place) const override;
 
@@ -25,6 +26,7 @@ class TextFieldValue final : public ViewValue {
   Binding<std::string> binding;
   std::string text;  // as it was when the view was made
   std::function<void()> submit;
+  std::function<void()> ended;
 };
 
 // Draws the field around its text, which the host's native editor draws. Keys that arrive here
@@ -39,7 +41,7 @@ class TextFieldNode final : public LeafNode, public Responder {
   bool takesPointer() const override { return true; }
   bool focusable() const override { return true; }
   bool isTextField() const override { return true; }
-  void focusChanged(bool, bool) override { invalidatePicture(); }
+  void focusChanged(bool focused, bool ring) override;
   std::optional<Cursor> cursor() const override { return Cursor::text; }
   bool key(const KeyEvent& event) override;
   void edited(const std::string& text) override;

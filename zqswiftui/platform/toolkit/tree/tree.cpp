@@ -317,6 +317,7 @@ void Tree::forget(const Node& node) {
   if (ground_.parent == &node) ground_ = {};
   pointer_.forget(node);
   focus_.forget(node);
+  popovers_.forget(node);
   if (!node.listed_) return;
   for (Animated& a : ticking_) {
     if (a.node == &node) a.node = nullptr;

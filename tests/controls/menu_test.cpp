@@ -99,6 +99,11 @@ TEST_F(MenuTest, aContextMenuOpensUnderThePointerAndByItsKey) {
   EXPECT_TRUE(h.key(Key::enter));
   EXPECT_EQ(taken(), "rename ");
   EXPECT_FALSE(h.button("Rename"));
+  Harness plain(ContextMenu(Text("no place of Tab"), {{.title = "Copy", .action = note("copy")}}));
+  plain.host().pointerDown(plain.findText("no place of Tab").center(), PointerButton::secondary);
+  plain.settle();
+  for (const Key key : {Key::down, Key::enter}) EXPECT_TRUE(plain.key(key));
+  EXPECT_EQ(taken(), "copy ");
 }
 
 }  // namespace

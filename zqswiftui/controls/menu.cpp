@@ -79,17 +79,6 @@ View lineOf(const MenuItem& item, bool lit, const OpenedState& opened, std::size
       .accessibility(meaning);
 }
 
-View listOf(const std::vector<MenuItem>& items, const OpenedState& opened) {
-  const std::size_t lit = *opened && (*opened)->line ? *(*opened)->line : items.size();
-  std::vector<View> lines;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    lines.push_back(lineOf(items[i], i == lit, opened, i));
-  }
-  return VStack({.spacing = 0}, std::move(lines))
-      .flexFrame({.minWidth = kLeastWidth})
-      .padding(kListPadding);
-}
-
 // Whether the key went through an open menu.
 bool goThrough(const KeyEvent& event, const std::vector<MenuItem>& items,
                const OpenedState& opened) {
@@ -104,6 +93,23 @@ bool goThrough(const KeyEvent& event, const std::vector<MenuItem>& items,
   if (event.key != Key::enter && event.key != Key::space) return false;
   if (now.line && *now.line < items.size()) press(items[*now.line], opened);
   return true;
+}
+
+using KeyAction = std::function<bool(const KeyEvent&)>;
+
+// `others` hears the keys that do not go through the lines.
+View listOf(const std::vector<MenuItem>& items, const OpenedState& opened, KeyAction others) {
+  const std::size_t lit = *opened && (*opened)->line ? *(*opened)->line : items.size();
+  std::vector<View> lines;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    lines.push_back(lineOf(items[i], i == lit, opened, i));
+  }
+  return VStack({.spacing = 0}, std::move(lines))
+      .flexFrame({.minWidth = kLeastWidth})
+      .padding(kListPadding)
+      .onLeftoverKey([items, opened, others = std::move(others)](const KeyEvent& event) {
+        return goThrough(event, items, opened) || (others && others(event));
+      });
 }
 
 View withShortcuts(View view, const std::vector<MenuItem>& items) {
@@ -128,18 +134,16 @@ MenuBar::MenuBar(std::vector<Menu> menus)
 View MenuBar::title(std::size_t number, const OpenedState& opened, bool leftToRight) const {
   const Menu& menu = (*menus_)[number];
   const bool open = *opened && (*opened)->menu == number;
-  const auto keyed = [opened, menus = menus_, number, leftToRight](const KeyEvent& event) {
-    const std::size_t shown = *opened ? (*opened)->menu : number;
-    if (shown >= menus->size()) return false;
-    if (goThrough(event, (*menus)[shown].items, opened)) return true;
-    if (*opened && (event.key == Key::left || event.key == Key::right)) {
-      const bool forward = event.key == (leftToRight ? Key::right : Key::left);
-      opened.set(Opened{.menu = (shown + (forward ? 1 : menus->size() - 1)) % menus->size()});
-      return true;
-    }
+  const auto opens = [opened, menu, number](const KeyEvent& event) {
     if (event.key != Key::down && event.key != Key::enter && event.key != Key::space) return false;
     opened.set(
-        Opened{.menu = number, .line = nextLine((*menus)[number].items, {}, true), .byKeys = true});
+        Opened{.menu = number, .line = nextLine(menu.items, std::nullopt, true), .byKeys = true});
+    return true;
+  };
+  const auto aside = [opened, number, count = menus_->size(), leftToRight](const KeyEvent& event) {
+    if (event.key != Key::left && event.key != Key::right) return false;
+    const bool forward = event.key == (leftToRight ? Key::right : Key::left);
+    opened.set(Opened{.menu = (number + (forward ? 1 : count - 1)) % count});
     return true;
   };
   return View(Text(menu.title).lineLimit(1))
@@ -149,10 +153,11 @@ View MenuBar::title(std::size_t number, const OpenedState& opened, bool leftToRi
       .onTap([opened, open, number] {
         opened.set(open ? std::nullopt : std::optional(Opened{.menu = number}));
       })
-      .onLeftoverKey(keyed)
+      .onLeftoverKey(opens)
       .accessibility(
           {.role = Role::button, .label = menu.title, .value = open ? "expanded" : "collapsed"})
-      .popover(isOpen(opened, number), listOf(menu.items, opened), HorizontalAlignment::leading);
+      .popover(isOpen(opened, number), listOf(menu.items, opened, aside),
+               HorizontalAlignment::leading);
 }
 
 View MenuBar::body(Context& context) const {
@@ -177,15 +182,12 @@ View ContextMenu::body(Context& context) const {
           .opacity(0)
           .frame(1, 1)
           .accessibility({.hidden = true})
-          .popover(isOpen(opened, 0), listOf(items_, opened), HorizontalAlignment::leading)
+          .popover(isOpen(opened, 0), listOf(items_, opened, nullptr), HorizontalAlignment::leading)
           .offset(at.x, at.y);
-  const auto keyed = [opened, items = items_](const KeyEvent& event) {
-    return goThrough(event, items, opened);
-  };
   return withShortcuts(
-      content_.overlay(anchor, Alignment::topLeading())
-          .onSecondaryTap([opened](Point point) { opened.set(Opened{.at = point}); })
-          .onLeftoverKey(keyed),
+      content_.overlay(anchor, Alignment::topLeading()).onSecondaryTap([opened](Point point) {
+        opened.set(Opened{.at = point});
+      }),
       items_);
 }
 

@@ -280,6 +280,7 @@ class HintNode final : public ModifierNode<HintValue>, public Responder {
   }
   std::optional<Cursor> cursor() const override { return value().cursor; }
   const std::string* help() const override { return value().help ? &*value().help : nullptr; }
+  bool bubbleKey(const KeyEvent& event) override { return key(event); }
   std::string debugName() const override { return "Hint"; }
   void describe(std::vector<AccessibilityNode>& out) override {
     const std::size_t first = out.size();

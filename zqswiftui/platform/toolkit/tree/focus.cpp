@@ -47,6 +47,15 @@ std::function<void()> shortcutAction(Node& node, const KeyEvent& event) {
   return found;
 }
 
+bool offerKey(Node& node, const KeyEvent& event) {
+  Responder* r = node.responder();
+  if (r && node.environment().enabled && r->bubbleKey(event)) return true;
+  std::vector<Node*> children;  // the key may change the tree
+  node.forEachChild([&](Node& child) { children.push_back(&child); });
+  return std::any_of(children.begin(), children.end(),
+                     [&](Node* child) { return offerKey(*child, event); });
+}
+
 }  // namespace
 
 void FocusController::set(Node* node, Ring ring) {
@@ -145,7 +154,7 @@ bool FocusController::key(const KeyEvent& event) {
   };
   // A bubble comes before what has the focus behind it; what lies behind keeps no shortcuts.
   const bool first = bubble && !(focused_ && focused_->isIn(*bubble));
-  if (first && pressLayer()) return true;
+  if (first && (pressLayer() || offerKey(*bubble, event))) return true;
   if (pressFocused(event)) return true;
   if (event.key == Key::tab) return next(event.modifiers.shift);
   return !first && pressLayer();

@@ -33,6 +33,8 @@ class Responder {
   virtual bool focusable() const { return false; }
   virtual void focusChanged(bool /*focused*/, bool /*ring*/) {}
   virtual bool key(const KeyEvent&) { return false; }
+  // What a bubble does with a key while the focus is behind it.
+  virtual bool bubbleKey(const KeyEvent&) { return false; }
   virtual const Shortcut* shortcut() const { return nullptr; }
   // None: what is inside is pressed.
   virtual const std::function<void()>* shortcutAction() const { return nullptr; }

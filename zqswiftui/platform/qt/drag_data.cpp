@@ -35,20 +35,17 @@ void cancelGestures() {
 
 }  // namespace
 
-// The items' data as it comes, from any thread.
+// The items' data as it comes, from any thread. Not the items: one that keeps what it should answer
+// would keep itself.
 struct DragData::Loading {
-  Loading(DragItems given, std::function<void(DropResult)> told)
-      : items(std::move(given)),
-        ended(std::move(told)),
-        addresses(items.size()),
-        texts(items.size()) {}
+  Loading(std::size_t count, std::function<void(DropResult)> told)
+      : ended(std::move(told)), addresses(count), texts(count) {}
 
   void take(std::size_t at, std::string_view type, std::optional<Bytes> bytes) {
     const std::scoped_lock lock(mutex);
     (type == dragTypeText ? texts : addresses)[at] = std::move(bytes);
   }
 
-  const DragItems items;
   const std::function<void(DropResult)> ended;
   bool over = false;  // interface thread only
   std::mutex mutex;
@@ -64,7 +61,7 @@ void DragData::begin(DragItems items, std::function<void(DropResult)> ended) {
     return;
   }
   dragging_ = true;
-  const auto loading = std::make_shared<Loading>(std::move(items), std::move(ended));
+  const auto loading = std::make_shared<Loading>(items.size(), std::move(ended));
   const auto go = [this, loading] {
     if (!std::exchange(loading->over, true)) drag(loading);
   };
@@ -73,9 +70,9 @@ void DragData::begin(DragItems items, std::function<void(DropResult)> ended) {
     if (zq::Platform::installed()) zq::Platform::current().mainQueue().post(go);
   });
   queue_.postDelayed(kPatience, go);
-  Queue::execute(true, [loading, last] {
-    for (std::size_t at = 0; at < loading->items.size(); ++at) {
-      const DragItem& item = *loading->items[at];
+  Queue::execute(true, [items = std::move(items), loading, last] {
+    for (std::size_t at = 0; at < items.size(); ++at) {
+      const DragItem& item = *items[at];
       const std::vector<std::string> types = item.types();
       bool address = false;
       for (const std::string_view type : kTypes) {

@@ -55,6 +55,7 @@ View Picker::body(Context& context) const {
 
   // As wide as the widest choice, so that it stays where it is whatever is chosen.
   std::vector<View> widest;
+  widest.reserve(choices.size() + 1);
   for (const std::string& choice : choices) widest.push_back(Text(choice).lineLimit(1).opacity(0));
   widest.push_back(Text(shown).lineLimit(1));
   const View face =

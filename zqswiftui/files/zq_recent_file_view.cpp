@@ -69,7 +69,7 @@ View ZQRecentFileView::body(Context& context) const {
   const auto tap = [tapped = tapped_, url = file_->url] {
     if (*tapped) (*tapped)(url);
   };
-  const View pressed = shown.onTap(tap).onHover(hover).accessibility(
+  View pressed = shown.onTap(tap).onHover(hover).accessibility(
       {.role = Role::button, .label = name, .value = size + (date.empty() ? "" : ", " + date)});
   if (*facts) return pressed;
   return pressed.onAppear([url = file_->url, facts] { ask(url, facts); });

@@ -145,7 +145,7 @@ struct DesktopDocuments::State {
       if (!next.ok()) return next.error();
       // Not every program takes the lock.
       if (stampOf(path) != before) continue;
-      const auto replaced =
+      auto replaced =
           replaceFile(path, std::string_view(next.value().constData(),
                                              static_cast<std::size_t>(next.value().size())));
       if (replaced.ok() && !before) ::chmod(path.c_str(), S_IRUSR | S_IWUSR);

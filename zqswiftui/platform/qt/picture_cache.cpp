@@ -56,7 +56,7 @@ class ReducedPictures {
     QImage kept = kept_.find(key);
     if (!kept.isNull()) return kept;
     if (window != nullptr && !hasTimeFor(picture)) {
-      makeLater(picture, pixels, {window, place.toAlignedRect()});
+      makeLater(picture, pixels, window, place.toAlignedRect());
       return {};
     }
     kept = reducedPicture(picture, pixels);
@@ -65,10 +65,7 @@ class ReducedPictures {
   }
 
  private:
-  struct Place {
-    QPointer<QWidget> window;
-    QRect rect;
-  };
+  using Place = std::pair<QPointer<QWidget>, QRect>;
   // One at a time of each picture: most sizes of a window that is resized are gone by then. It
   // belongs to the work: where that is dropped, the next who asks begins anew.
   struct Later {
@@ -87,7 +84,7 @@ class ReducedPictures {
     return spent_ <= kPixelsOfAMoment;
   }
 
-  void makeLater(const ZQImage& picture, QSize pixels, Place place) {
+  void makeLater(const ZQImage& picture, QSize pixels, QWidget* window, const QRect& rect) {
     // Too large to be kept: it would be made again for each frame.
     if (!kept_.wouldKeep(std::size_t{4} * static_cast<std::size_t>(pixels.width()) *
                          static_cast<std::size_t>(pixels.height()))) {
@@ -103,19 +100,18 @@ class ReducedPictures {
       });
     }
     const auto same = [&](const Place& other) {
-      return other.window == place.window && other.rect == place.rect;
+      return other.first == window && other.second == rect;
     };
-    if (std::none_of(later->places.begin(), later->places.end(), same)) {
-      later->places.push_back(std::move(place));
-    }
+    if (std::any_of(later->places.begin(), later->places.end(), same)) return;
+    later->places.emplace_back(window, rect);
   }
 
   void take(const Later& later, const QImage& made) {
     kept_.keep(later.key, made);
     later_.erase(later.key.identity);
     // Those that want another size by now ask again.
-    for (const Place& place : later.places) {
-      if (place.window) place.window->update(place.rect.adjusted(-1, -1, 1, 1));
+    for (const auto& [window, rect] : later.places) {
+      if (window) window->update(rect.adjusted(-1, -1, 1, 1));
     }
   }
 

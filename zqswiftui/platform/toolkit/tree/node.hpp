@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -37,7 +36,6 @@ struct NodePlace {
 class NodeVisitor {
  public:
   template <class F>
-    requires(!std::same_as<F, NodeVisitor>)
   NodeVisitor(const F& visit)  // NOLINT(google-explicit-constructor): a lambda is a visitor
       : object_(std::addressof(visit)),
         call_([](const void* object, Node& node) { (*static_cast<const F*>(object))(node); }) {}

@@ -20,3 +20,15 @@ function(zq_precompile target)
       <unordered_map> <utility> <vector> ${ARGN})
   endif()
 endfunction()
+
+# zq_start(<name> LINKS <target>... HEADERS <header>...): such a start for several targets that link
+# the same, which take it by target_precompile_headers(... REUSE_FROM <name>).
+function(zq_start name)
+  cmake_parse_arguments(arg "" "" "LINKS;HEADERS" ${ARGN})
+  set(empty "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+  file(CONFIGURE OUTPUT "${empty}" CONTENT "")
+  add_library(${name} OBJECT "${empty}")
+  target_link_libraries(${name} PRIVATE ${arg_LINKS})
+  zq_warnings(${name})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()

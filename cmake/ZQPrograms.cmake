@@ -50,6 +50,21 @@ if(NOT ZQ_PROGRAMS)
   return()
 endif()
 
+if(ZQ_PRECOMPILE AND ZQ_QT)
+  zq_start(zq_programs_start LINKS ZQSwiftUI::Qt
+    HEADERS <QApplication> <zqswiftui/platform/qt/host_widget.hpp>
+      <zqswiftui/platform/qt/platform.hpp> <zqswiftui/zqswiftui.hpp>)
+endif()
+
+# zq_starts(<target>...): those that link Qt and show something.
+function(zq_starts)
+  foreach(target IN LISTS ARGN)
+    if(TARGET zq_programs_start AND TARGET ${target})
+      target_precompile_headers(${target} REUSE_FROM zq_programs_start)
+    endif()
+  endforeach()
+endfunction()
+
 file(GLOB apps CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
   "${PROJECT_SOURCE_DIR}/apps/*/main.cpp")
 foreach(main IN LISTS apps)
@@ -57,7 +72,7 @@ foreach(main IN LISTS apps)
   cmake_path(GET folder FILENAME name)
   if(ZQ_QT)
     zq_program(${folder} zq-${name} ZQSwiftUI::Qt)
-    zq_precompile(zq-${name}-parts <zqswiftui/zqswiftui.hpp>)
+    zq_starts(zq-${name} zq-${name}-parts)
   endif()
 endforeach()
 
@@ -71,6 +86,9 @@ foreach(example IN LISTS examples)
   add_executable(example_${name} ${example})
   target_link_libraries(example_${name} PRIVATE $<IF:${with_qt},ZQSwiftUI::Qt,ZQSwiftUI::Core>)
   zq_warnings(example_${name})
+  if(with_qt)
+    zq_starts(example_${name})
+  endif()
   # An example with settings reads their file beside it, where they can be edited by hand.
   set(settings "${PROJECT_SOURCE_DIR}/examples/${name}.zquic")
   if(EXISTS "${settings}")

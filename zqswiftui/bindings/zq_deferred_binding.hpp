@@ -35,7 +35,7 @@ class DeferredValue : public ObservableObject,
                 DeferredHold hold)
       : owner_(std::move(owner)),
         internal_(this, owner_.get()),
-        queue_(queue ? std::move(queue) : std::make_shared<ZQPressureTask>()),
+        queue_(queue ? std::move(queue) : ZQPressureTask::make()),
         delay_(delay),
         hold_(hold) {}
 

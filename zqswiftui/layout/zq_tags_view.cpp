@@ -6,6 +6,9 @@
 
 namespace zq {
 
+ZQTagsView::ZQTagsView(List tagList, Color bgColor)
+    : ZQTagsView(std::make_shared<const List>(std::move(tagList)), bgColor) {}
+
 ZQTagsView::ZQTagsView(std::shared_ptr<const List> tagList, Color bgColor)
     : tagList_(tagList ? std::move(tagList) : std::make_shared<const List>()), bgColor_(bgColor) {}
 

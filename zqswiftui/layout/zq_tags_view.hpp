@@ -15,8 +15,7 @@ class ZQTagsView : public ViewModifiers<ZQTagsView> {
  public:
   using List = std::vector<std::string>;
 
-  ZQTagsView(List tagList, Color bgColor)
-      : ZQTagsView(std::make_shared<const List>(std::move(tagList)), bgColor) {}
+  ZQTagsView(List tagList, Color bgColor);
   // Over a list that is shared, which must not change any more: long ones are neither copied
   // nor compared while they are the same object. A null list has no tags.
   ZQTagsView(std::shared_ptr<const List> tagList, Color bgColor);

@@ -30,7 +30,9 @@ bool sameSettings(const ZQUICProject& a, const ZQUICProject& b) {
 }  // namespace
 
 ZQConfig::ZQConfig(std::optional<ZQUICProject> project)
-    : project_(std::move(project)), generation_(nextGeneration()) {}
+    : project_(std::move(project)),
+      generation_(nextGeneration()),
+      self_(std::make_shared<ZQConfig*>(this)) {}
 
 ZQConfig::ZQConfig(std::string_view configFileName, bool debug) : ZQConfig(std::nullopt) {
   const Bundle& bundle = Platform::current().bundle();

@@ -162,7 +162,7 @@ class ZQConfig : public ObservableObject {
   // stores.
   std::uint64_t generation_;
   // Held weakly by what is still to be told when the store goes.
-  std::shared_ptr<ZQConfig*> self_ = std::make_shared<ZQConfig*>(this);
+  const std::shared_ptr<ZQConfig*> self_;
   Subscription broadcasts_;
   std::optional<std::int64_t> lastBroadcast_;  // wall time in the clock's own ticks
   std::unique_ptr<FileFollower> file_;

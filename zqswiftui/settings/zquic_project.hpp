@@ -50,7 +50,7 @@ class ZQUICProject {
   std::optional<ZQImage> icon;
   std::optional<Url> iconUrl;
   bool shouldBeDeleted = false;
-  std::shared_ptr<ZQPressureTask> pressureQueue = std::make_shared<ZQPressureTask>();
+  std::shared_ptr<ZQPressureTask> pressureQueue = ZQPressureTask::make();
 
   const std::vector<ZQUICGroup>& groupList() const;
   // Both schedule a save, as update does.

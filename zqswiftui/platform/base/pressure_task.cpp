@@ -95,6 +95,10 @@ ZQPressureTask::ZQPressureTask() : state_(std::make_shared<State>()) {
   State::registry().states.emplace(state_.get(), state_);
 }
 
+std::shared_ptr<ZQPressureTask> ZQPressureTask::make() {
+  return std::make_shared<ZQPressureTask>();
+}
+
 ZQPressureTask::~ZQPressureTask() {
   {
     const std::lock_guard lock(State::registry().mutex);

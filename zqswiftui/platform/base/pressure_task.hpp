@@ -14,6 +14,7 @@ namespace zq {
 class ZQPressureTask {
  public:
   ZQPressureTask();
+  static std::shared_ptr<ZQPressureTask> make();
   ~ZQPressureTask();
   ZQPressureTask(const ZQPressureTask&) = delete;
   ZQPressureTask& operator=(const ZQPressureTask&) = delete;

@@ -30,25 +30,13 @@ struct Environment {
     const void* key = nullptr;
     std::shared_ptr<const void> value;
     bool (*same)(const void*, const void*) = nullptr;
-    bool operator==(const Custom& o) const {
-      return key == o.key && (value == o.value || (same && same(value.get(), o.value.get())));
-    }
+    bool operator==(const Custom& o) const;
   };
   std::vector<Custom> custom;
 
-  const void* find(const void* key) const {
-    for (const Custom& c : custom) {
-      if (c.key == key) return c.value.get();
-    }
-    return nullptr;
-  }
-  void put(Custom entry) {
-    for (Custom& c : custom) {
-      if (c.key == entry.key) return void(c = std::move(entry));
-    }
-    custom.push_back(std::move(entry));
-  }
-  bool operator==(const Environment&) const = default;
+  const void* find(const void* key) const;
+  void put(Custom entry);
+  bool operator==(const Environment&) const;
 };
 
 using EnvironmentPtr = std::shared_ptr<const Environment>;

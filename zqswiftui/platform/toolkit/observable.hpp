@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <zqswiftui/platform/base/lock.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
@@ -37,25 +38,34 @@ template <class T>
 class Published {
  public:
   explicit Published(ObservableObject* owner, T initial = T{})
-      : owner_(owner), value_(std::make_shared<const T>(std::move(initial))) {}
+      : owner_(owner), value_(kept(std::move(initial))) {}
   Published(const Published&) = delete;
   Published& operator=(const Published&) = delete;
 
-  T get() const { return *snapshot(); }
+  T get() const {
+    if constexpr (kPlain) {
+      return value();
+    } else {
+      return *value();
+    }
+  }
   operator T() const { return get(); }
 
   // The value as it is now, without copying it.
   std::shared_ptr<const T> snapshot() const {
-    const LockGuard guard(lock_);
-    return value_;
+    if constexpr (kPlain) {
+      return std::make_shared<const T>(value());
+    } else {
+      return value();
+    }
   }
 
   void set(T value) {
     owner_->willChange.send();
-    auto next = std::make_shared<const T>(std::move(value));
+    Value next = kept(std::move(value));
     {
       const LockGuard guard(lock_);
-      value_.swap(next);
+      std::swap(value_, next);
     }
     owner_->didChange.send();
   }
@@ -69,9 +79,13 @@ class Published {
     owner_->willChange.send();
     {
       const LockGuard guard(lock_);
-      T copy = *value_;
-      change(copy);
-      value_ = std::make_shared<const T>(std::move(copy));
+      if constexpr (kPlain) {
+        change(value_);
+      } else {
+        T copy = *value_;
+        change(copy);
+        value_ = kept(std::move(copy));
+      }
     }
     owner_->didChange.send();
   }
@@ -84,9 +98,25 @@ class Published {
   }
 
  private:
+  // What is smaller than a pointer to it is kept as it is.
+  static constexpr bool kPlain = std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(void*);
+  using Value = std::conditional_t<kPlain, T, std::shared_ptr<const T>>;
+
+  static Value kept(T value) {
+    if constexpr (kPlain) {
+      return value;
+    } else {
+      return std::make_shared<const T>(std::move(value));
+    }
+  }
+  Value value() const {
+    const LockGuard guard(lock_);
+    return value_;
+  }
+
   ObservableObject* owner_;
   mutable Lock lock_;
-  std::shared_ptr<const T> value_;
+  Value value_;
 };
 
 }  // namespace zq

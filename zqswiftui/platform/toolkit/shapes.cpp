@@ -59,7 +59,7 @@ class ShapeNode final : public LeafNode {
   }
   // An outline alone is an ornament: what lies inside of it is pressed through it.
   bool hitTest(Point point, HitPath& path) override {
-    return (shape().fill_ || !shape().stroke_) && LeafNode::hitTest(point, path);
+    return (shape().filled_ || !shape().stroked_) && LeafNode::hitTest(point, path);
   }
 
  protected:
@@ -78,7 +78,7 @@ class ShapeNode final : public LeafNode {
   // All that is drawn.
   Rect inked() const {
     if (!isFree()) return localBounds();
-    const double line = shape().stroke_ ? shape().style_.lineWidth : 0;
+    const double line = shape().stroked_ ? shape().style_.lineWidth : 0;
     return shape().path_->bounds().insetBy(-sanitized(line) / 2);
   }
   Rect hole() const;
@@ -88,7 +88,7 @@ class ShapeNode final : public LeafNode {
 // Where an outline draws nothing, as far as that is a rectangle.
 Rect ShapeNode::hole() const {
   const ShapeView& s = shape();
-  if (s.fill_ || !s.stroke_ || (isFree() && !s.path_->isRect())) return {};
+  if (s.filled_ || !s.stroked_ || (isFree() && !s.path_->isRect())) return {};
   // A canvas may move a line to the next pixel.
   const Rect all = inked().insetBy(sanitized(s.style_.lineWidth) + 1);
   const double half = std::min(all.width, all.height) / 2;
@@ -135,8 +135,8 @@ void ShapeNode::record(Piece& piece) {
   const Rect all = localBounds();
   // An outline of points has its own place, also in a frame that is flat.
   if (all.empty() && s.kind_ != ShapeView::Kind::path) return;
-  if (s.fill_) recordFill(piece, *s.fill_);
-  if (s.stroke_ && s.style_.lineWidth > 0) {
+  if (s.filled_) recordFill(piece, s.fill_);
+  if (s.stroked_ && s.style_.lineWidth > 0) {
     const bool free = s.kind_ == ShapeView::Kind::path;
     StrokeStyle style = s.style_;
     // A line that is wider than the shape would come out on the other side.
@@ -145,11 +145,15 @@ void ShapeNode::record(Piece& piece) {
         std::make_shared<const Path>(free ? *s.path_ : s.outline(all.insetBy(style.lineWidth / 2)));
     const double radius = s.kind_ == ShapeView::Kind::roundedRectangle ? s.radius_ : 0;
     piece.emplace_back(StrokePath{path, path->bounds().insetBy(-style.lineWidth / 2), style,
-                                  *s.stroke_, radius, s.continuous_});
+                                  s.stroke_, radius, s.continuous_});
   }
-  if (!s.fill_ && !s.stroke_) {
+  if (!s.filled_ && !s.stroked_) {
     recordFill(piece, environment().foreground.value_or(Color::primary()));
   }
+}
+
+PathShape::PathShape(Path path) : ShapeView(Kind::path) {
+  path_ = std::make_shared<const Path>(std::move(path));
 }
 
 ShapeView::operator View() const {
@@ -159,19 +163,21 @@ ShapeView::operator View() const {
 bool ShapeView::operator==(const ShapeView& o) const {
   const bool samePath = path_ == o.path_ || (path_ && o.path_ && *path_ == *o.path_);
   return samePath && kind_ == o.kind_ && continuous_ == o.continuous_ && radius_ == o.radius_ &&
-         fill_ == o.fill_ && stroke_ == o.stroke_ && style_ == o.style_;
+         filled_ == o.filled_ && stroked_ == o.stroked_ && fill_ == o.fill_ &&
+         stroke_ == o.stroke_ && style_ == o.style_;
 }
 
 ShapeView ShapeView::fill(Color color) const {
-  return with(*this, &ShapeView::fill_, color);
+  return with(with(*this, &ShapeView::filled_, true), &ShapeView::fill_, color);
 }
 
 ShapeView ShapeView::fill(LinearGradient gradient) const {
-  return with(*this, &ShapeView::fill_, std::move(gradient));
+  return with(with(*this, &ShapeView::filled_, true), &ShapeView::fill_, std::move(gradient));
 }
 
 ShapeView ShapeView::stroke(Color color, StrokeStyle style) const {
-  return with(with(*this, &ShapeView::stroke_, color), &ShapeView::style_, std::move(style));
+  ShapeView drawn = with(with(*this, &ShapeView::stroke_, color), &ShapeView::stroked_, true);
+  return with(std::move(drawn), &ShapeView::style_, std::move(style));
 }
 
 Path ShapeView::outline(const Rect& rect) const {

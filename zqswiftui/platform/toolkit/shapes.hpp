@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <zqswiftui/platform/toolkit/path.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -37,8 +36,10 @@ class ShapeView : public ViewModifiers<ShapeView> {
   bool continuous_ = false;
   double radius_ = 0;
   std::shared_ptr<const Path> path_;
-  std::optional<Paint> fill_;
-  std::optional<Paint> stroke_;
+  bool filled_ = false;
+  bool stroked_ = false;
+  Paint fill_;
+  Paint stroke_;
   StrokeStyle style_;
 };
 
@@ -74,9 +75,7 @@ class Circle : public ShapeView {
 // Any outline, in points from the top left; not scaled.
 class PathShape : public ShapeView {
  public:
-  explicit PathShape(Path path) : ShapeView(Kind::path) {
-    path_ = std::make_shared<const Path>(std::move(path));
-  }
+  explicit PathShape(Path path);
 };
 
 }  // namespace zq

@@ -12,6 +12,12 @@ if(PROJECT_IS_TOP_LEVEL AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   add_compile_options(-fpch-preprocess)
 endif()
 
+# Tests and programs themselves need not be fast where they are debugged, and are more than half of
+# a build; under the sanitizers they are slow enough.
+if(PROJECT_IS_TOP_LEVEL AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT ZQ_SANITIZE)
+  set(ZQ_QUICKLY $<$<CONFIG:Debug>:-O0>)
+endif()
+
 # zq_precompile(<target> <header>...), beside what every source has of the standard library.
 function(zq_precompile target)
   if(ZQ_PRECOMPILE)

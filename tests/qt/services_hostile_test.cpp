@@ -25,6 +25,7 @@
 #include <vector>
 #include <zqswiftui/platform/base/thread_pool.hpp>
 #include <zqswiftui/platform/qt/image_codec.hpp>
+#include <zqswiftui/platform/qt/main_queue.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
 #include <zqswiftui/platform/qt/preferences.hpp>
 

@@ -14,6 +14,7 @@
 #include <vector>
 #include <zqswiftui/platform/qt/image_codec.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
+#include <zqswiftui/platform/qt/preferences.hpp>
 
 namespace zq::qt {
 namespace {

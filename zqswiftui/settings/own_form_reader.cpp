@@ -230,7 +230,7 @@ std::optional<ZQUICProject> readOwnForm(std::string_view json) {
   ZQUICProject project;
   std::vector<ZQUICGroup> groups;
   if (!take(form, project, groups)) return std::nullopt;
-  return ProjectReader::assemble(std::move(project), std::move(groups));
+  return project.withGroups(std::move(groups));
 }
 
 }  // namespace zq

@@ -370,12 +370,7 @@ void ProjectReader::endGroup() {
 std::optional<ZQUICProject> ProjectReader::take() {
   if (!project_) return std::nullopt;
   if (!projectHasId_) project_->id = newSettingsId();
-  return assemble(*std::move(project_), std::move(groups_));
-}
-
-ZQUICProject ProjectReader::assemble(ZQUICProject project, std::vector<ZQUICGroup> groups) {
-  project.adopt(std::move(groups));
-  return project;
+  return project_->withGroups(std::move(groups_));
 }
 
 }  // namespace zq

@@ -34,9 +34,6 @@ class ProjectReader {
   // Absent where the text was no object. Once only.
   std::optional<ZQUICProject> take();
 
-  // A project that was read has these groups, and nothing to save.
-  static ZQUICProject assemble(ZQUICProject project, std::vector<ZQUICGroup> groups);
-
  private:
   enum class Level : unsigned char { outside, project, groups, group, items, item, point };
 

@@ -26,6 +26,7 @@ Result<void> writeText(const Url& url, const std::string& text) {
 }  // namespace
 
 struct ZQUICProject::Content {
+  explicit Content(std::vector<ZQUICGroup> list = {}) : groups(std::move(list)) {}
   std::vector<ZQUICGroup> groups;
   MadeOnce<ProjectIndex> index;
 };
@@ -39,18 +40,19 @@ ZQUICProject::ZQUICProject(const Url& url) : ZQUICProject() {
   if (auto decoded = decodeProject(text.value()); decoded.ok()) *this = std::move(decoded).value();
 }
 
-void ZQUICProject::adopt(std::vector<ZQUICGroup> groups) {
-  content_ = std::make_shared<Content>();
-  content_->groups = std::move(groups);
-}
-
 const std::vector<ZQUICGroup>& ZQUICProject::groupList() const {
   return content_->groups;
 }
 
 void ZQUICProject::setGroupList(std::vector<ZQUICGroup> groups) {
-  adopt(std::move(groups));
+  content_ = std::make_shared<Content>(std::move(groups));
   update();
+}
+
+ZQUICProject ZQUICProject::withGroups(std::vector<ZQUICGroup> groups) const {
+  ZQUICProject other = *this;
+  other.content_ = std::make_shared<Content>(std::move(groups));
+  return other;
 }
 
 void ZQUICProject::editGroupList(const std::function<void(std::vector<ZQUICGroup>&)>& edit) {

@@ -56,6 +56,8 @@ class ZQUICProject {
   // Both schedule a save, as update does.
   void setGroupList(std::vector<ZQUICGroup> groups);
   void editGroupList(const std::function<void(std::vector<ZQUICGroup>&)>& edit);
+  // This project with other groups; nothing is scheduled.
+  ZQUICProject withGroups(std::vector<ZQUICGroup> groups) const;
 
   // Of all groups, flagged ones too, without the items that are flagged to be deleted.
   std::vector<ZQUICItem> itemList() const;
@@ -99,10 +101,7 @@ class ZQUICProject {
   bool operator==(const ZQUICProject& other) const;
 
  private:
-  friend class ProjectReader;
   struct Content;
-  // Takes groups as they are, and schedules nothing.
-  void adopt(std::vector<ZQUICGroup> groups);
 
   std::shared_ptr<Content> content_;  // shared by copies, and then not changed any more
 };

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <utility>
 #include <zqswiftui/settings/own_form_reader.hpp>
-#include <zqswiftui/settings/project_reader.hpp>
 
 namespace zq {
 

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cstddef>
 #include <utility>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/menu.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
@@ -15,12 +16,8 @@ using OpenedState = State<std::optional<Opened>>;
 
 namespace {
 
-constexpr double kHeight = 24;
 constexpr double kRadius = 5;
-constexpr double kMarkWidth = 16;
-constexpr double kPadding = 8;
-constexpr double kListPadding = 5;
-constexpr double kLeastWidth = 180;
+constexpr double kLeastWidth = 190;
 constexpr double kLeastGap = 24;  // between a title and its shortcut
 constexpr double kDisabledOpacity = 0.4;
 
@@ -50,21 +47,17 @@ View lineOf(const MenuItem& item, bool lit, const OpenedState& opened, std::size
   if (item.isSeparator()) {
     return View(Rectangle().fill(Color::separator()))
         .frame({.height = 1})
-        .padding({.top = 4, .leading = kPadding, .bottom = 4, .trailing = kPadding});
+        .padding(
+            {.top = 4, .leading = kListLinePadding, .bottom = 4, .trailing = kListLinePadding});
   }
-  const View mark = Image::symbol("checkmark").font(Font::caption());
-  const View line =
-      HStack({.spacing = 4},
-             {mark.opacity(item.checked.value_or(false) ? 1 : 0).frame({.width = kMarkWidth}),
-              View(Text(item.title).lineLimit(1))
-                  .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
-              View(Text(item.shortcut ? item.shortcut->text() : "").lineLimit(1))
-                  .foregroundColor(Color::secondary())
-                  .padding({.leading = kLeastGap})})
-          .padding({.leading = 2, .trailing = kPadding})
-          .frame({.height = kHeight})
-          .opacity(usable(item) ? 1 : kDisabledOpacity)
-          .background(RoundedRectangle(kRadius).fill(Color::accent().opacity(lit ? 0.25 : 0)));
+  const View shortcut = View(Text(item.shortcut ? item.shortcut->text() : "").lineLimit(1))
+                            .foregroundColor(Color::secondary())
+                            .padding({.leading = kLeastGap});
+  const View line = listLine({.title = item.title,
+                              .checked = item.checked.value_or(false),
+                              .behind = shortcut,
+                              .lit = lit})
+                        .opacity(usable(item) ? 1 : kDisabledOpacity);
   Accessibility meaning{.role = Role::button, .label = item.title};
   meaning.checked = item.checked;
   if (item.shortcut) meaning.description = item.shortcut->text();
@@ -104,9 +97,8 @@ View listOf(const std::vector<MenuItem>& items, const OpenedState& opened, KeyAc
   for (std::size_t i = 0; i < items.size(); ++i) {
     lines.push_back(lineOf(items[i], i == lit, opened, i));
   }
-  return VStack({.spacing = 0}, std::move(lines))
+  return listOfLines(std::move(lines))
       .flexFrame({.minWidth = kLeastWidth})
-      .padding(kListPadding)
       .onLeftoverKey([items, opened, others = std::move(others)](const KeyEvent& event) {
         return goThrough(event, items, opened) || (others && others(event));
       });
@@ -147,8 +139,8 @@ View MenuBar::title(std::size_t number, const OpenedState& opened, bool leftToRi
     return true;
   };
   return View(Text(menu.title).lineLimit(1))
-      .padding({.leading = kPadding, .trailing = kPadding})
-      .frame({.height = kHeight})
+      .padding({.leading = kListLinePadding, .trailing = kListLinePadding})
+      .frame({.height = kListLineHeight, .growsWithText = true})
       .background(RoundedRectangle(kRadius).fill(Color::primary().opacity(open ? 0.12 : 0.001)))
       .onTap([opened, open, number] {
         opened.set(open ? std::nullopt : std::optional(Opened{.menu = number}));
@@ -174,21 +166,27 @@ View MenuBar::body(Context& context) const {
 ContextMenu::ContextMenu(View content, std::vector<MenuItem> items)
     : content_(std::move(content)), items_(std::move(items)) {}
 
-View ContextMenu::body(Context& context) const {
-  const auto opened = context.state(std::optional<Opened>());
+// The point is one of the screen, so it counts from the left wherever a line begins.
+View detail::withMenu(const View& content, const OpenedState& opened,
+                      const std::vector<MenuItem>& items, LayoutDirection direction) {
   const Point at = *opened ? (*opened)->at : Point{};
   const View anchor =
       View(Color::gray())
           .opacity(0)
           .frame(1, 1)
           .accessibility({.hidden = true})
-          .popover(isOpen(opened, 0), listOf(items_, opened, nullptr), HorizontalAlignment::leading)
+          .popover(isOpen(opened, 0), listOf(items, opened, nullptr), HorizontalAlignment::leading)
           .offset(at.x, at.y);
+  const bool leftToRight = direction == LayoutDirection::leftToRight;
+  return content.overlay(anchor, leftToRight ? Alignment::topLeading() : Alignment::topTrailing());
+}
+
+View ContextMenu::body(Context& context) const {
+  const auto opened = context.state(std::optional<Opened>());
+  const View view =
+      detail::withMenu(content_, opened, items_, context.environment<LayoutDirectionKey>());
   return withShortcuts(
-      content_.overlay(anchor, Alignment::topLeading()).onSecondaryTap([opened](Point point) {
-        opened.set(Opened{.at = point});
-      }),
-      items_);
+      view.onSecondaryTap([opened](Point point) { opened.set(Opened{.at = point}); }), items_);
 }
 
 }  // namespace zq

@@ -41,6 +41,10 @@ struct OpenedMenu {
   bool operator==(const OpenedMenu&) const = default;
 };
 
+// The content with a menu that opens at a point of it.
+View withMenu(const View& content, const State<std::optional<OpenedMenu>>& opened,
+              const std::vector<MenuItem>& items, LayoutDirection direction);
+
 }  // namespace detail
 
 // Menus side by side, each opened by a click, by Space, Enter or Down; Up and Down go through its

@@ -89,7 +89,7 @@ View arrow(const char* symbol, bool enabled, const std::shared_ptr<Held>& held, 
   return Image::symbol(symbol)
       .font(Font::caption())
       .opacity(enabled ? 1 : kDisabledOpacity)
-      .frame(kSide, kSide)
+      .frame({.width = kSide, .height = kSide, .growsWithText = true})
       .background(View(Color::gray()).opacity(0.001))
       .gesture({.minimumDistance = 0,
                 .onChanged = [held, steps](const DragValue&) { held->begin(steps); },
@@ -128,7 +128,10 @@ View Stepper::body(Context& context) const {
   const auto keyed = [value = *parameters_.value, range](const KeyEvent& event) {
     return stepByKey(event, value, range) || goToBound(event, value, range);
   };
-  const View line = View(Rectangle().fill(Color::separator())).frame(1, kSide - 8);
+  const View line = View(Rectangle().fill(Color::separator()))
+                        .frame({.width = 1})
+                        .padding({.top = 4, .bottom = 4})
+                        .frame({.height = kSide, .growsWithText = true});
   return HStack({.spacing = 0},
                 {arrow("minus", can(-1), held, -1), line, arrow("plus", can(1), held, 1)})
       .background(RoundedRectangle(kRadius).fill(Color::gray().opacity(0.15)))

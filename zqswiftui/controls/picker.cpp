@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <utility>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/picker.hpp>
 #include <zqswiftui/platform/toolkit/button.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -12,20 +13,9 @@ namespace zq {
 namespace {
 
 constexpr double kRadius = 5;
-constexpr double kHeight = 24;
-constexpr double kMarkWidth = 16;
-constexpr double kPadding = 8;
-constexpr double kListPadding = 6;
 
 View choiceRow(const std::string& choice, bool chosen, std::function<void()> choose) {
-  const View mark = Image::symbol("checkmark").font(Font::caption()).opacity(chosen ? 1 : 0);
-  return Button(std::move(choose),
-                HStack({.spacing = 4},
-                       {mark.frame({.width = kMarkWidth}),
-                        View(Text(choice).lineLimit(1))
-                            .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()})})
-                    .padding({.leading = 2, .trailing = kPadding})
-                    .frame({.height = kHeight}))
+  return Button(std::move(choose), listLine({.title = choice, .checked = chosen}))
       .accessibility({.label = choice, .checked = chosen});
 }
 
@@ -43,8 +33,7 @@ View Picker::list(const Binding<bool>& isOpen) const {
     };
     rows.push_back(choiceRow(parameters_.choices[i], i == selected, choose));
   }
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 0}, std::move(rows))
-      .padding(kListPadding);
+  return listOfLines(std::move(rows));
 }
 
 View Picker::body(Context& context) const {
@@ -61,8 +50,8 @@ View Picker::body(Context& context) const {
   const View face =
       HStack({ZStack(std::move(widest), Alignment::leading()).accessibility({.hidden = true}),
               Image::symbol("chevron.down").font(Font::caption())})
-          .padding({.leading = kPadding, .trailing = kPadding})
-          .frame({.height = kHeight})
+          .padding({.leading = kListLinePadding, .trailing = kListLinePadding})
+          .frame({.height = kListLineHeight, .growsWithText = true})
           .background(RoundedRectangle(kRadius).fill(Color::gray().opacity(0.15)))
           .overlay(RoundedRectangle(kRadius).stroke(Color::separator()));
 

@@ -11,7 +11,9 @@ namespace {
 using Orientation = ZQBorderlessButton::Orientation;
 
 View squarePicture(const std::string& name, ZQButton::Size size) {
-  return Image::named(name).resizable().frame(heightOf(size), heightOf(size));
+  const double side = heightOf(size);
+  return Image::named(name).resizable().frame(
+      {.width = side, .height = side, .growsWithText = true});
 }
 
 // What stands in a borderless button, and how: the members differ in the picture alone.

@@ -44,14 +44,18 @@ View ZQButton::content() const {
     row.push_back(Image::symbol(*parameters_.icon));
   } else if (parameters_.image) {
     const double side = heightOf(parameters_.size) - 2 * kImageMargin;
-    row.push_back(Image::named(*parameters_.image).resizable().frame(side, side));
+    row.push_back(Image::named(*parameters_.image)
+                      .resizable()
+                      .frame({.width = side, .height = side, .growsWithText = true}));
   }
   row.push_back(Text(title_).lineLimit(1));
   return HStack({.alignment = VerticalAlignment::center, .spacing = 4}, std::move(row))
       .font(fontOf(parameters_.size))
       .foregroundColor(Color::white().opacity(0.8))
       .padding(EdgeInsets::symmetric(kEndInset, 0))
-      .frame({.width = parameters_.width, .height = heightOf(parameters_.size)});
+      .frame({.width = parameters_.width,
+              .height = heightOf(parameters_.size),
+              .growsWithText = true});
 }
 
 View ZQButton::background() const {

@@ -46,7 +46,7 @@ class ZQButton : public ViewModifiers<ZQButton> {
 
 // The font of a label or symbol of that size.
 Font fontOf(ZQButton::Size size);
-// The height of a ZQButton of that size, in points.
+// The height of a ZQButton of that size, in points; it grows with larger texts.
 double heightOf(ZQButton::Size size);
 
 }  // namespace zq

@@ -19,7 +19,7 @@ View face(const std::string& title, const std::string& symbol) {
                                      .multilineTextAlignment(TextAlignment::center)
                                      .lineLimit(2)})
       .padding(6)
-      .frame(kSide, kSide);
+      .frame({.width = kSide, .height = kSide, .growsWithText = true});
 }
 
 // Whatever is drawn over the face must lie inside of what is pressed, or it would take the click.

@@ -50,17 +50,19 @@ View ZQRecentFileView::body(Context& context) const {
       *facts && (*facts)->modified ? du_formatDate(*(*facts)->modified, kDatePattern) : "";
 
   const View row =
-      HStack({View(Text(name).truncationInTheMiddle())
-                  .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
-              View(Text(size))
-                  .frame({.width = kSizeWidth, .alignment = Alignment::trailing()})
-                  .foregroundColor(Color::secondary()),
-              View(Text(date).lineLimit(1))
-                  .flexFrame({.minWidth = kDateWidth, .alignment = Alignment::trailing()})
-                  .foregroundColor(Color::secondary())})
+      HStack(
+          {View(Text(name).truncationInTheMiddle())
+               .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
+           View(Text(size))
+               .frame(
+                   {.width = kSizeWidth, .alignment = Alignment::trailing(), .growsWithText = true})
+               .foregroundColor(Color::secondary()),
+           View(Text(date).lineLimit(1))
+               .flexFrame({.minWidth = kDateWidth, .alignment = Alignment::trailing()})
+               .foregroundColor(Color::secondary())})
           .font(Font::system(kFontSize))
           .padding({.leading = kPadding, .trailing = kPadding})
-          .frame({.height = kRowHeight});
+          .frame({.height = kRowHeight, .growsWithText = true});
   const View shown = row.background(
       RoundedRectangle(kPadding).fill(Color::gray().opacity(0.25)).opacity(*isOver ? 1 : 0));
   const auto hover = [isOver](bool inside) {

@@ -115,20 +115,22 @@ View ZQRecentFilesView::body(Context& context) const {
   for (const auto& file : recent.files()) {
     if (file->matches(*parameters_.filterExtensions, search)) files->push_back(file);
   }
-  const double rows = std::min(static_cast<double>(files->size()) * kRowHeight, kMostOfList);
+  const double rowHeight = kRowHeight * std::max(1.0, context.environment<TextScaleKey>());
+  const double rows = std::min(static_cast<double>(files->size()) * rowHeight, kMostOfList);
   const View list = ScrollView(
       RowList({.count = files->size(),
-               .rowHeight = kRowHeight,
+               .rowHeight = rowHeight,
                .key = [files](std::size_t i) { return (*files)[i]->url.text(); },
                .row =
                    [files, pressed = *tapped](std::size_t i) {
                      return ZQRecentFileView((*files)[i], pressed).padding({.trailing = kBarWidth});
                    }}));
-  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 4},
-                {header(isOpen),
-                 VStack({.spacing = 0},
-                        {TextField("Search", searchText.binding()).frame({.height = kSearchHeight}),
-                         list.frame({.height = rows})})});
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = 4},
+      {header(isOpen),
+       VStack({.spacing = 0}, {TextField("Search", searchText.binding())
+                                   .frame({.height = kSearchHeight, .growsWithText = true}),
+                               list.frame({.height = rows})})});
 }
 
 }  // namespace zq

@@ -16,8 +16,9 @@ namespace {
 constexpr double kFrame = 1.0 / 60;
 constexpr int kMostFrames = 200;  // of one call, on a screen that comes to rest
 
-constexpr std::array kRoleNames{"none",  "group",    "text",       "button", "toggle", "textField",
-                                "image", "progress", "scrollArea", "list",   "slider", "window"};
+constexpr std::array kRoleNames{"none",      "group",  "text",     "button",     "toggle",
+                                "textField", "image",  "progress", "scrollArea", "list",
+                                "listItem",  "slider", "window"};
 
 // Has a piece recorded as a window would, and shows it to nobody.
 class NullCanvas : public Canvas {
@@ -117,6 +118,7 @@ void write(const AccessibilityNode& node, std::size_t depth, std::string& text) 
   if (!node.value.empty()) text += " = \"" + node.value + '"';
   if (!node.description.empty()) text += " (" + node.description + ')';
   if (node.checked) text += *node.checked ? " on" : " off";
+  if (node.selected.value_or(false)) text += " selected";
   if (!node.enabled) text += " disabled";
   if (node.focused) text += " focused";
   text += '\n';
@@ -222,6 +224,7 @@ Element Harness::describe(const AccessibilityNode& node,
   element.value = node.value;
   element.description = node.description;
   element.checked = node.checked;
+  element.selected = node.selected;
   element.enabled = node.enabled;
   element.focusable = node.focusable;
   element.focused = node.focused;
@@ -308,9 +311,9 @@ void Harness::movePointer(Point point) {
   runFrames();
 }
 
-void Harness::pressPointer(Point point) {
+void Harness::pressPointer(Point point, int clicks) {
   movePointer(point);
-  host_->pointerDown(point, PointerButton::primary);
+  host_->pointerDown(point, PointerButton::primary, clicks);
   runFrames();
 }
 
@@ -336,6 +339,13 @@ void Harness::release() {
 
 void Harness::click(Point point) {
   press(point);
+  releasePointer();
+}
+
+void Harness::doubleClick(const Element& element) {
+  const Point point = place(element);
+  click(point);
+  pressPointer(point, 2);
   releasePointer();
 }
 

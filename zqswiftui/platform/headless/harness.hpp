@@ -29,6 +29,7 @@ struct Element {
   std::string value;
   std::string description;
   std::optional<bool> checked;
+  std::optional<bool> selected;
   bool enabled = true;
   bool focusable = false;
   bool focused = false;
@@ -80,6 +81,7 @@ class Harness : private HostDelegate {
   // --- Pointer. What is given an element goes to the middle of what is visible of it. ---
   void click(Point point);
   void click(const Element& element) { click(place(element)); }
+  void doubleClick(const Element& element);
   void press(Point point);
   void press(const Element& element) { press(place(element)); }
   void release();  // where the pointer is
@@ -134,7 +136,7 @@ class Harness : private HostDelegate {
   void runFrames();
   bool finish(bool taken);
   void movePointer(Point point);
-  void pressPointer(Point point);
+  void pressPointer(Point point, int clicks = 1);
   void releasePointer();
   Point place(const Element& element) const;
   Element describe(const AccessibilityNode& node, const std::vector<DrawnCommand>& drawn) const;

@@ -140,9 +140,10 @@ void AccessibleTree::tellChanges(const AccessibilityNode& before, const Accessib
     tell(QAccessibleValueChangeEvent(view, toQString(now.value)));
   QAccessible::State changed;
   changed.checked = before.checked != now.checked;
+  changed.selected = before.selected != now.selected;
   changed.disabled = before.enabled != now.enabled;
   changed.focused = before.focused != now.focused;
-  if (changed.checked || changed.disabled || changed.focused) {
+  if (changed.checked || changed.selected || changed.disabled || changed.focused) {
     tell(QAccessibleStateChangeEvent(view, changed));
   }
   if (now.focused && !before.focused) tell(QAccessibleEvent(view, QAccessible::Focus));

@@ -30,6 +30,8 @@ QAccessible::Role toQRole(Role role) {
       return QAccessible::Pane;
     case Role::list:
       return QAccessible::List;
+    case Role::listItem:
+      return QAccessible::ListItem;
     case Role::slider:
       return QAccessible::Slider;
     case Role::window:
@@ -148,6 +150,8 @@ QAccessible::State AccessibleNode::state() const {
   state.focused = self->focused;
   state.checkable = self->checked.has_value();
   state.checked = self->checked.value_or(false);
+  state.selectable = self->selected.has_value();
+  state.selected = self->selected.value_or(false);
   state.editable = self->role == Role::textField;
   state.readOnly = self->role == Role::text;
   state.invisible = !tree->host().isVisible();

@@ -9,6 +9,7 @@
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/desktop.hpp>
 #include <zqswiftui/platform/qt/font_cache.hpp>
+#include <zqswiftui/platform/toolkit/font.hpp>
 
 namespace zq::qt {
 namespace {
@@ -90,12 +91,17 @@ void Appearance::setReducedMotion(std::optional<bool> reduced) {
   refresh();
 }
 
+void Appearance::setTextScale(double scale) {
+  textScale_ = boundedTextScale(scale);
+  refresh();
+}
+
 void Appearance::refresh() {
   const bool mirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
   const AppearanceValues now{
       scheme_.value_or(schemeOf(QGuiApplication::palette())),
       direction_.value_or(mirrored ? LayoutDirection::rightToLeft : LayoutDirection::leftToRight),
-      reducedMotion_ ? *reducedMotion_ : desktopKeepsStill()};
+      reducedMotion_ ? *reducedMotion_ : desktopKeepsStill(), textScale_};
   if (now == values_) return;
   values_ = now;
   tell();

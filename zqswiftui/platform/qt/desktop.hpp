@@ -32,6 +32,7 @@ class Appearance final : public zq::Appearance {
   void setColorScheme(std::optional<ColorScheme> scheme);
   void setLayoutDirection(std::optional<LayoutDirection> direction);
   void setReducedMotion(std::optional<bool> reduced);
+  void setTextScale(double scale);  // on top of what the application's font says; 1 at first
 
  private:
   class Watcher;
@@ -41,6 +42,7 @@ class Appearance final : public zq::Appearance {
   std::optional<ColorScheme> scheme_;
   std::optional<LayoutDirection> direction_;
   std::optional<bool> reducedMotion_;
+  double textScale_ = 1;
   AppearanceValues values_;
   std::map<unsigned long, std::function<void()>> listeners_;
   unsigned long lastId_ = 0;

@@ -13,6 +13,7 @@ struct AppearanceValues {
   ColorScheme colorScheme = ColorScheme::light;
   LayoutDirection layoutDirection = LayoutDirection::leftToRight;
   bool reducedMotion = false;
+  double textScale = 1;  // a factor on the size of every text, from 0.5 to 4
   bool operator==(const AppearanceValues&) const = default;
 };
 

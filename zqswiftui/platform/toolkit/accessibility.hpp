@@ -21,6 +21,7 @@ enum class Role : unsigned char {
   progress,
   scrollArea,
   list,
+  listItem,
   slider,
   window
 };
@@ -50,6 +51,7 @@ struct Accessibility {
   std::optional<std::string> value = std::nullopt;
   std::optional<std::string> description = std::nullopt;
   std::optional<bool> checked = std::nullopt;
+  std::optional<bool> selected = std::nullopt;  // one of several that can be
   std::optional<AccessibleNumber> number = std::nullopt;
   NumberSetter setNumber = {};  // with the number; none: it can only be read
   bool hidden = false;          // this view and what is in it
@@ -70,6 +72,7 @@ struct AccessibilityNode {
   bool focused = false;
   bool pressable = false;  // the action "press" (a toggle's "toggle")
   std::optional<bool> checked;
+  std::optional<bool> selected;
   std::optional<AccessibleNumber> number;
   bool adjustable = false;  // its number can be set
   std::vector<AccessibilityNode> children;

@@ -25,6 +25,7 @@ struct Environment {
   LayoutDirection layoutDirection = LayoutDirection::leftToRight;
   bool enabled = true;
   bool reducedMotion = false;
+  double textScale = 1;  // a factor on the size of every font, and of the symbols beside texts
   // A value under a key of one's own, with the way to compare two of them.
   struct Custom {
     const void* key = nullptr;
@@ -34,6 +35,8 @@ struct Environment {
   };
   std::vector<Custom> custom;
 
+  // Of lengths that hold a text: they keep to what they are where texts are smaller than usual.
+  double textGrowth() const { return textScale > 1 ? textScale : 1; }
   const void* find(const void* key) const;
   void put(Custom entry);
   bool operator==(const Environment&) const;
@@ -70,6 +73,14 @@ ZQ_ENVIRONMENT_FIELD(LayoutDirectionKey, LayoutDirection, layoutDirection);
 ZQ_ENVIRONMENT_FIELD(EnabledKey, bool, enabled);
 ZQ_ENVIRONMENT_FIELD(ReducedMotionKey, bool, reducedMotion);
 #undef ZQ_ENVIRONMENT_FIELD
+
+struct TextScaleKey {
+  using Value = double;
+  static Value get(const Environment& environment) { return environment.textScale; }
+  static void set(Environment& environment, Value v) {
+    environment.textScale = boundedTextScale(v);
+  }
+};
 
 template <class Key>
 concept EnvironmentField = requires(const Environment& e) { Key::get(e); };

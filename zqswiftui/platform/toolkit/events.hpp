@@ -18,6 +18,10 @@ struct Modifiers {
   bool operator==(const Modifiers&) const = default;
 };
 
+// Whether Tab comes by at what is pressed. What is reached by keys of the view around it, as the
+// rows of a list are, is no stop of its own.
+enum class TabStop : unsigned char { yes, no };
+
 enum class PointerButton : unsigned char { primary, secondary, middle };
 
 enum class Key : unsigned char {

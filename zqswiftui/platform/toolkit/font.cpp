@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -77,6 +78,12 @@ FontSpec Font::resolve(const TextMeasurer& measurer) const {
   resolved.italic = resolved.italic || italic_;
   resolved.monospaced = resolved.monospaced || monospaced_;
   return resolved;
+}
+
+double boundedTextScale(double scale) {
+  constexpr double kLeast = 0.5, kMost = 4, kParts = 100;
+  if (std::isnan(scale)) return 1;
+  return std::round(std::clamp(scale, kLeast, kMost) * kParts) / kParts;
 }
 
 std::string Font::description() const {

@@ -53,4 +53,8 @@ class Font {
   TextStyle style_ = TextStyle::body;
 };
 
+// Between 0.5 and 4, in hundredths, so that a scale that is dragged makes no endless number of
+// fonts; NaN counts as 1.
+double boundedTextScale(double scale);
+
 }  // namespace zq

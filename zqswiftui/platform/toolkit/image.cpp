@@ -55,12 +55,16 @@ class ImageNode final : public LeafNode {
  private:
   const Image& image() const { return static_cast<const Value&>(*view().value()).value; }
   Size idealSize() const;
-  void resolve() { font_ = tree().texts().fontNumber(image().font_.value_or(environment().font)); }
+  void resolve() {
+    font_ = tree().texts().fontNumber(image().font_.value_or(environment().font),
+                                      environment().textScale);
+  }
   int font_ = 0;
 };
 
 void ImageNode::environmentChanged(const Environment& old) {
-  if (!(old.font == environment().font)) {
+  const bool sameFont = old.font == environment().font;
+  if (!sameFont || old.textScale != environment().textScale) {
     resolve();
     invalidateMeasure();
   }

@@ -39,10 +39,15 @@ class PressNode;
 
 class PressValue final : public ModifierValue<PressValue, PressNode> {
  public:
-  PressValue(View givenChild, std::function<void()> givenAction, PressLook givenLook)
-      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)), look(givenLook) {}
+  PressValue(View givenChild, std::function<void()> givenAction, PressLook givenLook,
+             TabStop givenStop)
+      : ModifierValue(std::move(givenChild)),
+        action(std::move(givenAction)),
+        look(givenLook),
+        stop(givenStop) {}
   std::function<void()> action;
   PressLook look;
+  TabStop stop;
 };
 
 class PressNode final : public ModifierNode<PressValue>, public Responder {
@@ -60,7 +65,7 @@ class PressNode final : public ModifierNode<PressValue>, public Responder {
     const std::function<void()> action = value().action;  // it may end this view
     if (action) action();
   }
-  bool focusable() const override { return true; }
+  bool focusable() const override { return value().stop == TabStop::yes; }
   void focusChanged(bool, bool) override { ringChanged(*this); }
   void paint(PaintPass& pass, Point origin) override;
   std::string debugName() const override { return "Button"; }
@@ -100,7 +105,8 @@ void PressNode::describe(std::vector<AccessibilityNode>& out) {
   if (node.name.empty()) node.name = symbolText();
   node.bounds = toWindow(localBounds());
   node.enabled = environment().enabled;
-  node.focusable = node.pressable = environment().enabled;
+  node.pressable = environment().enabled;
+  node.focusable = node.pressable && focusable();
   node.focused = tree().focus().focused() == this;
   std::vector<AccessibilityNode> inside;
   WrapperNode::describe(inside);
@@ -257,19 +263,32 @@ class HintValue final : public ModifierValue<HintValue, HintNode> {
   std::optional<std::string> help;
   std::function<void()> shortcutAction;  // none: what is inside is pressed
   std::function<void(Point)> secondary;
+  std::function<void(int)> press;
   std::function<bool(const KeyEvent&)> leftover;
+  std::function<void(bool)> focus;
 };
 
 class HintNode final : public ModifierNode<HintValue>, public Responder {
  public:
   using ModifierNode::ModifierNode;
   Responder* responder() override { return this; }
-  bool takesPointer() const override { return value().help || value().cursor || value().secondary; }
+  bool takesPointer() const override {
+    return value().help || value().cursor || value().secondary || value().press;
+  }
+  bool hasMemory() const override { return focusTold_; }
   const Shortcut* shortcut() const override {
     return value().shortcut ? &*value().shortcut : nullptr;
   }
   const std::function<void()>* shortcutAction() const override {
     return value().shortcutAction ? &value().shortcutAction : nullptr;
+  }
+  const std::function<void(int)>* pressAction() const override {
+    return value().press ? &value().press : nullptr;
+  }
+  void focusMoved() override {
+    if (!value().focus) return;
+    tree().later(*this, [this] { tellFocus(); });
+    tree().requestFrame();
   }
   const std::function<void(Point)>* secondaryTap() const override {
     return value().secondary ? &value().secondary : nullptr;
@@ -290,6 +309,15 @@ class HintNode final : public ModifierNode<HintValue>, public Responder {
       if (out[i].description.empty()) out[i].description = *value().help;
     }
   }
+
+ private:
+  void tellFocus() {
+    const bool inside = tree().focus().isIn(*this);
+    const auto action = value().focus;  // it may end this view
+    if (inside == std::exchange(focusTold_, inside) || !action) return;
+    action(inside);
+  }
+  bool focusTold_ = false;
 };
 
 View hint(View view, const std::function<void(HintValue&)>& change) {
@@ -301,12 +329,12 @@ View hint(View view, const std::function<void(HintValue&)>& change) {
 }  // namespace
 
 Button::operator View() const {
-  return View::make<PressValue>(label_, action_, PressLook::dimsWhileHeld);
+  return View::make<PressValue>(label_, action_, PressLook::dimsWhileHeld, TabStop::yes);
 }
 
-View modify::onTap(View view, std::function<void()> action) {
+View modify::onTap(View view, std::function<void()> action, TabStop stop) {
   if (!action) return view;
-  return View::make<PressValue>(std::move(view), std::move(action), PressLook::plain);
+  return View::make<PressValue>(std::move(view), std::move(action), PressLook::plain, stop);
 }
 
 View modify::onHover(View view, std::function<void(bool)> action) {
@@ -349,6 +377,16 @@ View modify::onShortcut(View view, Shortcut shortcut, std::function<void()> acti
 View modify::onSecondaryTap(View view, std::function<void(Point)> action) {
   if (!action) return view;
   return hint(std::move(view), [&](HintValue& v) { v.secondary = std::move(action); });
+}
+
+View modify::onPress(View view, std::function<void(int)> action) {
+  if (!action) return view;
+  return hint(std::move(view), [&](HintValue& v) { v.press = std::move(action); });
+}
+
+View modify::onFocus(View view, std::function<void(bool)> action) {
+  if (!action) return view;
+  return hint(std::move(view), [&](HintValue& v) { v.focus = std::move(action); });
 }
 
 View modify::onLeftoverKey(View view, std::function<bool(const KeyEvent&)> action) {

@@ -63,16 +63,30 @@ class FrameNode final : public FieldNode<Frame, FrameNode> {
 
  protected:
   ProposedSize offer(const ProposedSize& p) const {
-    return {field().width ? field().width : p.width, field().height ? field().height : p.height};
+    const ProposedSize own = lengths();
+    return {own.width ? own.width : p.width, own.height ? own.height : p.height};
   }
   Size computeSize(const ProposedSize& p) override {
-    if (sizeIsFixed()) return {*field().width, *field().height};
+    const ProposedSize own = lengths();
+    if (sizeIsFixed()) return {*own.width, *own.height};
     const Size s = WrapperNode::computeSize(offer(p));
-    return {field().width.value_or(s.width), field().height.value_or(s.height)};
+    return {own.width.value_or(s.width), own.height.value_or(s.height)};
+  }
+  void environmentChanged(const Environment& old) override {
+    if (field().growsWithText && old.textScale != environment().textScale) invalidateMeasure();
   }
   void layoutChildren() override {
     const ProposedSize inner = offer(proposal());
     alignChild(child() ? child()->measure(inner) : Size{}, field().alignment, inner);
+  }
+
+ private:
+  ProposedSize lengths() const {
+    const double factor = field().growsWithText ? environment().textGrowth() : 1;
+    const auto grown = [factor](std::optional<double> length) {
+      return length ? std::optional(*length * factor) : std::nullopt;
+    };
+    return {grown(field().width), grown(field().height)};
   }
 };
 
@@ -246,7 +260,8 @@ void TransformNode::paint(PaintPass& pass, Point origin) {
 
 View modify::frame(View view, const Frame& frame) {
   return View::make<FieldValue<Frame, FrameNode>>(
-      std::move(view), Frame{finite(frame.width), finite(frame.height), frame.alignment});
+      std::move(view),
+      Frame{finite(frame.width), finite(frame.height), frame.alignment, frame.growsWithText});
 }
 
 View modify::flexFrame(View view, const FlexFrame& f) {

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
 
 namespace zq {
@@ -79,45 +80,6 @@ class LifeNode final : public ModifierNode<LifeValue> {
   std::string debugName() const override { return "Life"; }
 };
 
-class VisibilityNode;
-
-class VisibilityValue final : public ModifierValue<VisibilityValue, VisibilityNode> {
- public:
-  VisibilityValue(View givenChild, std::function<void(bool)> givenAction)
-      : ModifierValue(std::move(givenChild)), action(std::move(givenAction)) {}
-  std::function<void(bool)> action;
-};
-
-class VisibilityNode final : public ModifierNode<VisibilityValue> {
- public:
-  using ModifierNode::ModifierNode;
-  ~VisibilityNode() override {
-    if (told_ == true) tree().later([action = value().action] { action(false); });
-  }
-  void mount() override {
-    ModifierNode::mount();
-    tree().addVisibilityListener(*this, [this](const Rect&) {
-      if (asked_ || told_ == canBeSeen()) return;
-      asked_ = true;
-      tree().later(*this, [this] { tell(); });
-    });
-  }
-  bool hasMemory() const override { return true; }
-  std::string debugName() const override { return "Visibility"; }
-
- private:
-  void tell() {
-    asked_ = false;
-    const bool visible = canBeSeen();
-    if (told_ == visible) return;
-    told_ = visible;
-    const auto action = value().action;  // it may end this view
-    action(visible);
-  }
-  std::optional<bool> told_;
-  bool asked_ = false;
-};
-
 class ChangeNode;
 
 class ChangeValue final : public ModifierValue<ChangeValue, ChangeNode> {
@@ -187,11 +149,17 @@ void AccessibilityInfoNode::describe(std::vector<AccessibilityNode>& out) {
       node.children = std::move(inside);
     }
   }
+  // The items of a list are its own, also where they scroll.
+  if (info.role == Role::list && node.children.size() == 1 &&
+      node.children.front().role == Role::scrollArea) {
+    node.children = std::exchange(node.children.front().children, {});
+  }
   if (info.role) node.role = *info.role;
   if (info.label) node.name = *info.label;
   if (info.value) node.value = *info.value;
   if (info.description) node.description = *info.description;
   if (info.checked) node.checked = info.checked;
+  if (info.selected) node.selected = info.selected;
   if (info.number) {
     node.number = info.number;
     node.adjustable = info.setNumber && node.enabled;
@@ -296,11 +264,6 @@ View modify::onAppear(View view, std::function<void()> action) {
 
 View modify::onDisappear(View view, std::function<void()> action) {
   return View::make<LifeValue>(std::move(view), nullptr, std::move(action));
-}
-
-View modify::onVisibility(View view, std::function<void(bool)> action) {
-  if (!action) return view;
-  return View::make<VisibilityValue>(std::move(view), std::move(action));
 }
 
 View modify::onChange(View view, const void* type, std::shared_ptr<const modify::Watched> watched) {

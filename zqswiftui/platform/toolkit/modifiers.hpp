@@ -21,11 +21,13 @@ namespace zq {
 class View;
 class ShapeView;
 
-// A fixed width or height; one that is not given is left to the view.
+// A fixed width or height; one that is not given is left to the view. Those that hold a text are
+// given for texts of the usual size, and are the greater where the text scale is above 1.
 struct Frame {
   std::optional<double> width = std::nullopt;
   std::optional<double> height = std::nullopt;
   Alignment alignment = Alignment::center();
+  bool growsWithText = false;
   bool operator==(const Frame&) const = default;
 };
 
@@ -70,7 +72,12 @@ class ViewModifiers {
   View lineLimit(int lines) const;
 
   // Input. Null callbacks do nothing, and leave the view as it was.
-  View onTap(std::function<void()> action) const;  // reached by Tab, pressed by Space or Enter
+  // Reached by Tab, pressed by Space or Enter; what is no stop is pressed by the pointer and by
+  // assistive technology alone.
+  View onTap(std::function<void()> action, TabStop stop = TabStop::yes) const;
+  // Told at once when the primary button goes down on it, unless something in front takes it: the
+  // how manieth of presses in quick succession it is. Taps and drags begin all the same.
+  View onPress(std::function<void(int clicks)> action) const;
   // A press of the other button, or the menu key on what has the focus in here; the point is one
   // of this view.
   View onSecondaryTap(std::function<void(Point point)> action) const;
@@ -80,6 +87,8 @@ class ViewModifiers {
   View onKey(std::function<bool(const KeyEvent& key)> action, double ringInset = 0) const;
   // Told the keys that what has the focus in here leaves over; is not reached by Tab itself.
   View onLeftoverKey(std::function<bool(const KeyEvent& key)> action) const;
+  // Told whether it, or something in it, has the focus, in a window that has it; false at first.
+  View onFocus(std::function<void(bool focused)> action) const;
   View gesture(DragGesture gesture) const;
   View onDrop(DropTarget target) const;
   // Points of the view at which it, and what is in it, is not there for the pointer answer false.
@@ -97,6 +106,11 @@ class ViewModifiers {
   // Told first, and after each change, whether any of it can be seen: not when it is scrolled
   // away, the window is hidden or the view gone. For work that is done only for who looks.
   View onVisibility(std::function<void(bool visible)> action) const;
+  // The same of the part that can be seen, in points of this view; empty where none can.
+  View onVisiblePart(std::function<void(const Rect& part)> action) const;
+  // Scrolls the views around it as far as needed to show the part, in points of this view, when it
+  // is first shown, and each time that the part or the turn is another.
+  View revealing(std::optional<Rect> part, unsigned turn = 0) const;
   template <std::equality_comparable T>
   View onChange(T value, std::type_identity_t<std::function<void(const T&)>> action) const;
 
@@ -140,11 +154,13 @@ View overlay(View view, View front, Alignment alignment);
 View clipShape(View view, const ShapeView& shape);
 View clipped(View view);
 View environment(View view, std::function<void(Environment&)> change);
-View onTap(View view, std::function<void()> action);
+View onTap(View view, std::function<void()> action, TabStop stop);
+View onPress(View view, std::function<void(int)> action);
 View onSecondaryTap(View view, std::function<void(Point)> action);
 View onHover(View view, std::function<void(bool)> action);
 View onKey(View view, std::function<bool(const KeyEvent&)> action, double ringInset);
 View onLeftoverKey(View view, std::function<bool(const KeyEvent&)> action);
+View onFocus(View view, std::function<void(bool)> action);
 View gesture(View view, DragGesture gesture);
 View onDrop(View view, DropTarget target);
 View hitArea(View view, std::function<bool(Point)> contains);
@@ -155,6 +171,8 @@ View help(View view, std::string text);
 View onAppear(View view, std::function<void()> action);
 View onDisappear(View view, std::function<void()> action);
 View onVisibility(View view, std::function<void(bool)> action);
+View onVisiblePart(View view, std::function<void(const Rect&)> action);
+View revealing(View view, const std::optional<Rect>& part, unsigned turn);
 // A value to watch, without its type.
 class Watched {
  public:

@@ -101,8 +101,12 @@ View ViewModifiers<S>::lineLimit(int lines) const {
   return environment<LineLimitKey>(lines > 0 ? lines : 0);
 }
 template <class S>
-View ViewModifiers<S>::onTap(std::function<void()> action) const {
-  return modify::onTap(view(), std::move(action));
+View ViewModifiers<S>::onTap(std::function<void()> action, TabStop stop) const {
+  return modify::onTap(view(), std::move(action), stop);
+}
+template <class S>
+View ViewModifiers<S>::onPress(std::function<void(int)> action) const {
+  return modify::onPress(view(), std::move(action));
 }
 template <class S>
 View ViewModifiers<S>::onHover(std::function<void(bool)> action) const {
@@ -115,6 +119,10 @@ View ViewModifiers<S>::onKey(std::function<bool(const KeyEvent&)> action, double
 template <class S>
 View ViewModifiers<S>::onLeftoverKey(std::function<bool(const KeyEvent&)> action) const {
   return modify::onLeftoverKey(view(), std::move(action));
+}
+template <class S>
+View ViewModifiers<S>::onFocus(std::function<void(bool)> action) const {
+  return modify::onFocus(view(), std::move(action));
 }
 template <class S>
 View ViewModifiers<S>::onSecondaryTap(std::function<void(Point)> action) const {
@@ -163,6 +171,14 @@ View ViewModifiers<S>::onDisappear(std::function<void()> action) const {
 template <class S>
 View ViewModifiers<S>::onVisibility(std::function<void(bool)> action) const {
   return modify::onVisibility(view(), std::move(action));
+}
+template <class S>
+View ViewModifiers<S>::onVisiblePart(std::function<void(const Rect&)> action) const {
+  return modify::onVisiblePart(view(), std::move(action));
+}
+template <class S>
+View ViewModifiers<S>::revealing(std::optional<Rect> part, unsigned turn) const {
+  return modify::revealing(view(), part, turn);
 }
 template <class S>
 View ViewModifiers<S>::accessibility(Accessibility info) const {

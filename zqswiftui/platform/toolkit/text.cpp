@@ -39,7 +39,8 @@ class TextNode final : public LeafNode {
 };
 
 void TextNode::resolve() {
-  font_ = tree().texts().fontNumber(text().font_.value_or(environment().font));
+  font_ =
+      tree().texts().fontNumber(text().font_.value_or(environment().font), environment().textScale);
 }
 
 void TextNode::update(const View& next) {

@@ -132,9 +132,18 @@ bool TextFieldNode::key(const KeyEvent& event) {
   return true;
 }
 
+int TextFieldNode::font() const {
+  return tree().texts().fontNumber(environment().font, environment().textScale);
+}
+
+void TextFieldNode::environmentChanged(const Environment& old) {
+  const bool sameFont = old.font == environment().font;
+  if (!sameFont || old.textScale != environment().textScale) invalidateMeasure();
+  invalidatePicture();
+}
+
 Size TextFieldNode::computeSize(const ProposedSize& proposal) {
-  const int font = tree().texts().fontNumber(environment().font);
-  const double height = tree().texts().lineHeight(font) + 2 * kInsetY;
+  const double height = tree().texts().lineHeight(font()) + 2 * kInsetY;
   const double width =
       proposal.width && std::isfinite(*proposal.width) ? *proposal.width : kIdealWidth;
   return {width, height};
@@ -166,7 +175,7 @@ TextFieldState TextFieldNode::state() const {
   s.clip = intersection(s.bounds, toWindow(visible));
   s.text = text_;
   s.placeholder = value().placeholder;
-  s.font = tree().texts().resolved(tree().texts().fontNumber(environment().font));
+  s.font = tree().texts().resolved(font());
   s.color = environment().foreground.value_or(Color::primary()).resolve(environment().colorScheme);
   s.alignment = environment().textAlignment;
   s.direction = environment().layoutDirection;

@@ -87,8 +87,8 @@ void ViewHost::paintAll(Canvas& canvas) {
   tree_->paint(canvas, all);
 }
 
-bool ViewHost::pointerDown(Point p, PointerButton b, int, Modifiers) {
-  return tree_->pointer().down(p, b);
+bool ViewHost::pointerDown(Point p, PointerButton b, int clicks, Modifiers) {
+  return tree_->pointer().down(p, b, clicks);
 }
 bool ViewHost::pointerMove(Point p, Modifiers) {
   return tree_->pointer().move(p);

@@ -66,13 +66,22 @@ void FocusController::set(Node* node, Ring ring) {
   ring_ = shown;
   tree_.contentChanged();
   if (before && before != node) before->responder()->focusChanged(false, false);
+  if (before != node) {
+    moved(before);
+    moved(node);
+  }
   if (!node) return;
   node->responder()->focusChanged(true, shown);
-  if (!shown) return;
-  Rect rect = node->localBounds();
-  for (Node* n = node; n->parent(); n = n->parent()) {
-    n->parent()->reveal(n->parent()->mapFromChild(*n, rect));
-    rect = n->parent()->mapFromChild(*n, rect);  // where it is now
+  if (shown) node->bringInSight(node->localBounds());
+}
+
+bool FocusController::isIn(const Node& node) const {
+  return windowFocused_ && focused_ && focused_->isIn(node);
+}
+
+void FocusController::moved(Node* from) {
+  for (Node* node = from; node; node = node->parent()) {
+    if (Responder* r = node->responder()) r->focusMoved();
   }
 }
 
@@ -164,6 +173,7 @@ void FocusController::setWindowFocused(bool focused) {
   if (windowFocused_ == focused) return;
   windowFocused_ = focused;
   if (focused_) focused_->responder()->focusChanged(focused, focused && ring_);
+  moved(focused_);
 }
 
 void FocusController::forget(const Node& node) {

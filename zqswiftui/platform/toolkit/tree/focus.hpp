@@ -17,6 +17,7 @@ class FocusController {
 
   Node* focused() const { return focused_; }
   bool showsRing(const Node& node) const { return focused_ == &node && windowFocused_ && ring_; }
+  bool isIn(const Node& node) const;  // in a window that has it
   void set(Node* node, Ring ring);
   bool next(bool backwards);  // false at the end: nothing is focused then
   bool key(const KeyEvent& event);
@@ -29,6 +30,7 @@ class FocusController {
   void forget(const Node& node);
 
  private:
+  static void moved(Node* from);  // tells those around it
   void giveUp(Node& place);
   bool pressFocused(const KeyEvent& event);
   bool openMenu();

@@ -24,7 +24,7 @@ inline EdgeInsets mix(const EdgeInsets& a, const EdgeInsets& b, double t) {
           mix(a.trailing, b.trailing, t)};
 }
 inline Frame mix(const Frame& a, const Frame& b, double t) {
-  return {mix(a.width, b.width, t), mix(a.height, b.height, t), b.alignment};
+  return {mix(a.width, b.width, t), mix(a.height, b.height, t), b.alignment, b.growsWithText};
 }
 inline FlexFrame mix(const FlexFrame& a, const FlexFrame& b, double t) {
   return {mix(a.minWidth, b.minWidth, t), mix(a.maxWidth, b.maxWidth, t),

@@ -280,6 +280,13 @@ bool Node::canBeSeen() const {
 
 // --- Input ---
 
+void Node::bringInSight(Rect rect) {
+  for (Node* node = this; node->parent_; node = node->parent_) {
+    node->parent_->reveal(node->parent_->mapFromChild(*node, rect));
+    rect = node->parent_->mapFromChild(*node, rect);  // where it is now
+  }
+}
+
 bool Node::hitTest(Point point, HitPath& path) {
   if (hitChildren(point, path) || (takesPointer() && localBounds().contains(point))) {
     path.push_back({this, point});

@@ -158,6 +158,8 @@ class Node {
   virtual Responder* responder() { return nullptr; }
   // Scrolls, or whatever else brings the rectangle into view.
   virtual void reveal(const Rect& /*rect*/) {}
+  // Has everything around this node reveal that rectangle of it.
+  void bringInSight(Rect rect);
 
   virtual std::string debugName() const = 0;
   virtual const std::string* identifier() const { return nullptr; }  // the id it was given

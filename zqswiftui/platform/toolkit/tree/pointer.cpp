@@ -36,7 +36,7 @@ HitPath PointerController::hit(Point position) const {
   return path;
 }
 
-bool PointerController::down(Point position, PointerButton button) {
+bool PointerController::down(Point position, PointerButton button, int clicks) {
   position_ = position;
   if (tree_.popovers().dismissedBy(position)) return true;
   if (button == PointerButton::secondary) return secondaryTap(position);
@@ -46,9 +46,12 @@ bool PointerController::down(Point position, PointerButton button) {
   grabPath_.clear();
   for (const Hit& h : path) grabPath_.push_back(h.node);
   bool focusedSome = false;
+  std::function<void(int)> told;
   for (const Hit& h : path) {
     Responder* r = enabledResponder(*h.node);
     if (!r) continue;
+    const bool taken = told || press_ || drag_ || focusedSome;
+    if (!taken && r->pressAction()) told = *r->pressAction();
     if (!press_ && r->wantsPress()) press_ = h.node;
     if (!drag_ && r->dragGesture()) {
       drag_ = h.node;
@@ -63,25 +66,26 @@ bool PointerController::down(Point position, PointerButton button) {
     pressInside_ = true;
     press_->responder()->pressChanged(true);
   }
+  if (told) told(clicks);
   if (drag_ && drag_->responder()->dragGesture()->minimumDistance <= 0) return move(position), true;
-  return press_ || drag_ || focusedSome;
+  return press_ || drag_ || focusedSome || told;
 }
 
 // Of the front-most view that has one; what can have the focus there gets it.
 bool PointerController::secondaryTap(Point position) {
   Node* focusable = nullptr;
+  Node* taking = nullptr;
   for (const Hit& h : hit(position)) {
     const Responder* r = enabledResponder(*h.node);
-    if (!r) continue;
-    if (!focusable && r->focusable()) focusable = h.node;
-    if (!r->secondaryTap()) continue;
-    const Point local = h.node->fromWindow(position);
-    const auto action = *r->secondaryTap();  // it may end this view
-    if (focusable) tree_.focus().set(focusable, FocusController::Ring::hidden);
-    action(local);
-    return true;
+    if (!focusable && r && r->focusable()) focusable = h.node;
+    if (!taking && r && r->secondaryTap()) taking = h.node;
   }
-  return false;
+  if (!taking) return false;
+  const Point local = taking->fromWindow(position);
+  const auto action = *taking->responder()->secondaryTap();  // it may end this view
+  if (focusable) tree_.focus().set(focusable, FocusController::Ring::hidden);
+  action(local);
+  return true;
 }
 
 DragValue PointerController::dragValue(Point position) const {

@@ -15,7 +15,7 @@ class PointerController {
  public:
   explicit PointerController(Tree& tree) : tree_(tree) {}
 
-  bool down(Point position, PointerButton button);
+  bool down(Point position, PointerButton button, int clicks);
   bool move(Point position);
   bool up(Point position, PointerButton button);
   void left();

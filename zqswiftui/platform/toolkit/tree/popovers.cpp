@@ -107,7 +107,8 @@ HorizontalAlignment PopoverController::placed(const Bubble& bubble) {
 void PopoverController::place() {
   const Size window = tree_.root().frame().size();
   for (Bubble& b : bubbles_) {
-    const double widest = std::max(0.0, std::min(kWidest, window.width - 2 * kMargin));
+    const double readable = kWidest * b.anchor->environment().textGrowth();
+    const double widest = std::max(0.0, std::min(readable, window.width - 2 * kMargin));
     Size size = b.content->measure(ProposedSize::unspecified());
     if (size.width > widest) size = b.content->measure({widest, std::nullopt});
     const Rect anchor = b.anchor->toWindow(b.anchor->localBounds());

@@ -23,6 +23,7 @@ class Responder {
   virtual void pressChanged(bool /*down*/) {}
   virtual void pressed() {}  // released inside, or by key or screen reader
 
+  virtual const std::function<void(int)>* pressAction() const { return nullptr; }
   virtual const std::function<void(Point)>* secondaryTap() const { return nullptr; }
   virtual const DragGesture* dragGesture() const { return nullptr; }
   virtual const DropTarget* dropTarget() const { return nullptr; }
@@ -32,6 +33,7 @@ class Responder {
 
   virtual bool focusable() const { return false; }
   virtual void focusChanged(bool /*focused*/, bool /*ring*/) {}
+  virtual void focusMoved() {}  // into this subtree, or out of it
   virtual bool key(const KeyEvent&) { return false; }
   // What a bubble does with a key while the focus is behind it.
   virtual bool bubbleKey(const KeyEvent&) { return false; }

@@ -14,25 +14,26 @@ constexpr std::size_t kLongest = 4096;
 
 }  // namespace
 
-int TextCache::fontNumber(const Font& font) {
+int TextCache::fontNumber(const Font& font, double scale) {
   for (std::size_t i = 0; i < fonts_.size(); ++i) {
-    if (fonts_[i].font == font) return static_cast<int>(i);
+    if (fonts_[i].font == font && fonts_[i].scale == scale) return static_cast<int>(i);
   }
-  fonts_.push_back(known(font));
+  fonts_.push_back(known(font, scale));
   return static_cast<int>(fonts_.size()) - 1;
 }
 
-TextCache::KnownFont TextCache::known(const Font& font) {
+TextCache::KnownFont TextCache::known(const Font& font, double scale) {
   const TextMeasurer& measurer = Platform::current().textMeasurer();
-  const FontSpec resolved = font.resolve(measurer);
+  FontSpec resolved = font.resolve(measurer);
+  resolved.size *= scale;
   const FontMetrics metrics = measurer.metrics(resolved);
-  return {font, resolved, std::ceil(metrics.lineHeight), metrics.ascent};
+  return {font, scale, resolved, std::ceil(metrics.lineHeight), metrics.ascent};
 }
 
 void TextCache::forget() {
   young_.clear();
   old_.clear();
-  for (KnownFont& font : fonts_) font = known(font.font);
+  for (KnownFont& font : fonts_) font = known(font.font, font.scale);
 }
 
 const TextCache::Entry* TextCache::find(const Map& map, std::size_t hash, std::string_view text,

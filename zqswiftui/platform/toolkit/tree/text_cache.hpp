@@ -16,8 +16,8 @@ namespace zq {
 // it is full, what was not asked for lately goes. Interface thread.
 class TextCache {
  public:
-  // The number of a font, the same for equal ones.
-  int fontNumber(const Font& font);
+  // The number of a font at a scale, the same for equal ones.
+  int fontNumber(const Font& font, double scale = 1);
   const FontSpec& resolved(int fontNumber) const {
     return fonts_[static_cast<std::size_t>(fontNumber)].resolved;
   }
@@ -44,11 +44,12 @@ class TextCache {
   };
   struct KnownFont {
     Font font;
+    double scale;
     FontSpec resolved;
     double lineHeight;
     double ascent;
   };
-  static KnownFont known(const Font& font);
+  static KnownFont known(const Font& font, double scale);
   using Map = std::unordered_multimap<std::size_t, Entry>;
   TextSize compute(std::string_view text, int font, double width, int maxLines);
   static const Entry* find(const Map& map, std::size_t hash, std::string_view text, int font,

@@ -53,10 +53,12 @@ class TextFieldNode final : public LeafNode, public Responder {
  protected:
   Size computeSize(const ProposedSize& proposal) override;
   void record(Piece& piece) override;
+  void environmentChanged(const Environment& old) override;
 
  private:
   void show(const std::string& text, std::size_t caret);
   void edit(const std::string& text, std::size_t caret);
+  int font() const;
   std::size_t caretIn(const std::string& text) const;
   const TextFieldValue& value() const {
     return static_cast<const TextFieldValue&>(*view().value());

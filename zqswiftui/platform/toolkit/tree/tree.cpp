@@ -57,6 +57,7 @@ void Tree::setAppearance(const AppearanceValues& values) {
   next.colorScheme = values.colorScheme;
   next.layoutDirection = values.layoutDirection;
   next.reducedMotion = values.reducedMotion;
+  next.textScale = boundedTextScale(values.textScale);
   if (next == *environment_) return;
   const bool turned = next.layoutDirection != environment_->layoutDirection;
   environment_ = std::make_shared<const Environment>(std::move(next));

@@ -1,0 +1,56 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
+#include <zqswiftui/controls/list_line.hpp>
+#include <zqswiftui/platform/toolkit/image.hpp>
+#include <zqswiftui/platform/toolkit/shapes.hpp>
+#include <zqswiftui/platform/toolkit/stacks.hpp>
+#include <zqswiftui/platform/toolkit/text.hpp>
+
+namespace zq {
+namespace {
+
+constexpr double kRadius = 5;
+constexpr double kMarkWidth = 16;
+constexpr double kBeforeMark = 2;
+constexpr double kAroundLines = 5;
+
+Color colorOf(LineGround ground) {
+  switch (ground) {
+    case LineGround::hovered:
+      return Color::primary().opacity(0.06);
+    case LineGround::chosenElsewhere:
+      return Color::accent().opacity(0.12);
+    case LineGround::lit:
+    case LineGround::chosen:
+      return Color::accent().opacity(0.25);
+    case LineGround::none:
+      break;
+  }
+  return Color::clear();
+}
+
+}  // namespace
+
+View lineGround(LineGround ground) {
+  return RoundedRectangle(kRadius).fill(colorOf(ground));
+}
+
+View listLine(const ListLine& line) {
+  const View mark = Image::symbol("checkmark").font(Font::caption()).opacity(line.checked ? 1 : 0);
+  std::vector<View> parts{
+      mark.frame({.width = kMarkWidth, .growsWithText = true}),
+      View(Text(line.title).lineLimit(1))
+          .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()})};
+  if (!line.behind.empty()) parts.push_back(line.behind);
+  return HStack({.spacing = 4}, std::move(parts))
+      .padding({.leading = kBeforeMark, .trailing = kListLinePadding})
+      .frame({.height = kListLineHeight, .growsWithText = true})
+      .background(lineGround(line.lit ? LineGround::lit : LineGround::none));
+}
+
+View listOfLines(std::vector<View> lines) {
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 0}, std::move(lines))
+      .padding(kAroundLines);
+}
+
+}  // namespace zq

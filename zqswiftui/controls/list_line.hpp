@@ -1,0 +1,32 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#pragma once
+
+#include <string>
+#include <vector>
+#include <zqswiftui/platform/toolkit/view.hpp>
+
+namespace zq {
+
+// What the lists are made of that open below a control, so that all of them look alike.
+
+// A line with a title: a mark before it where it is checked, and perhaps something at its end.
+struct ListLine {
+  std::string title;
+  bool checked = false;
+  View behind = {};
+  bool lit = false;  // the one that the next press means
+};
+
+View listLine(const ListLine& line);
+// Such lines one below the other.
+View listOfLines(std::vector<View> lines);
+
+// The ground of a line that is chosen, lit or hovered over. Texts on it, in the primary or the
+// secondary colour, keep a contrast of 4.5:1 up to that of what is chosen.
+enum class LineGround : unsigned char { none, hovered, chosenElsewhere, lit, chosen };
+View lineGround(LineGround ground);
+
+inline constexpr double kListLineHeight = 24;  // in points, at the usual size of texts
+inline constexpr double kListLinePadding = 8;
+
+}  // namespace zq

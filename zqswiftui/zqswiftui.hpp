@@ -53,6 +53,7 @@
 #include <zqswiftui/images/zq_url_image.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 #include <zqswiftui/layout/row_list.hpp>
+#include <zqswiftui/layout/selection_list.hpp>
 #include <zqswiftui/layout/split_view.hpp>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>

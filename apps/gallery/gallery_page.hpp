@@ -29,6 +29,7 @@
   PAGE(timecode_view)          \
   PAGE(canvas_rects)           \
   PAGE(split_view)             \
+  PAGE(lists)                  \
   PAGE(deferred_bindings)      \
   PAGE(notifications)          \
   PAGE(settings)               \

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <apps/gallery/gallery_page.hpp>
 #include <apps/gallery/gallery_style.hpp>
-#include <zqswiftui/layout/row_list.hpp>
 
 namespace zq::gallery {
 namespace {
@@ -29,17 +28,6 @@ View tall(int count) {
       .frame({.height = 200});
 }
 
-// Of one height, so that nobody needs to know those out of sight.
-View rows(int count) {
-  return ScrollView(
-      RowList({.count = static_cast<std::size_t>(count),
-          .rowHeight = 24,
-          .key = [](std::size_t i) { return std::to_string(i); },
-          .row =
-              [](std::size_t i) { return Row{static_cast<int>(i) + 1}; }}))
-      .frame({.height = 200});
-}
-
 View wide() {
   std::vector<View> tiles;
   tiles.reserve(24);
@@ -59,7 +47,6 @@ struct ScrollViews {
     return cards({
         card("A thousand rows, of which only those in sight are made",
             tall(1000)),
-        card("A million in a RowList", rows(1'000'000)),
         card("Sideways", wide()),
         card("Right to left", bothDirections(wide())),
     });

@@ -27,6 +27,15 @@ function(zq_precompile target)
   endif()
 endfunction()
 
+# Sources of tests and pages are compiled six at a time: what each makes of the templates that all
+# use is the larger part of its time. Their names must differ, also those that only they see.
+function(zq_in_batches target)
+  if(ZQ_PRECOMPILE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 6)
+    target_compile_options(${target} PRIVATE -Wno-shadow)  # of names of the next file
+  endif()
+endfunction()
+
 # zq_start(<name> LINKS <target>... HEADERS <header>...): such a start for several targets that link
 # the same, which take it by target_precompile_headers(... REUSE_FROM <name>).
 function(zq_start name)

@@ -76,6 +76,7 @@ foreach(main IN LISTS apps)
   if(ZQ_QT)
     zq_program(${folder} zq-${name} ZQSwiftUI::Qt)
     zq_starts(zq-${name} zq-${name}-parts)
+    zq_in_batches(zq-${name}-parts)
   endif()
 endforeach()
 

@@ -11,9 +11,9 @@
 namespace zq {
 namespace {
 
-constexpr Point kMiddle{100, 50};
-constexpr Size kSize{200, 100};
-const std::string kSymbol = "<square.and.arrow.down> ";
+constexpr Point kAreaMiddle{100, 50};
+constexpr Size kAreaSize{200, 100};
+const std::string kAreaSymbol = "<square.and.arrow.down> ";
 
 std::string printedBy(const std::function<void()>& act) {
   testing::internal::CaptureStdout();
@@ -50,14 +50,15 @@ TEST_F(DropAreas, aFileAreaHandsOverWhatItAcceptsInOrderAndEachOnce) {
                                   .onDragEntered = [] { ADD_FAILURE(); },
                                   .onDragUnsupported = note("no"),
                                   .onDrag = note("yes")}),
-              kSize);
-    EXPECT_TRUE(h.drop(kMiddle, files(row.dropped)));
+              kAreaSize);
+    EXPECT_TRUE(h.drop(kAreaMiddle, files(row.dropped)));
     EXPECT_EQ(taken(), row.heard);
   }
 }
 
 TEST_F(DropAreas, whatCannotBeReadIsLeftOutAndAnEmptyDropIsRefused) {
-  Harness h(ZQFileDragAreaView({.onDragUnsupported = note("no"), .onDrag = note("yes")}), kSize);
+  Harness h(ZQFileDragAreaView({.onDragUnsupported = note("no"), .onDrag = note("yes")}),
+            kAreaSize);
   using Contents = std::vector<std::pair<std::string, std::string>>;
   const auto item = [](Contents contents) {
     return std::make_shared<HeadlessDragItem>(std::move(contents));
@@ -67,11 +68,11 @@ TEST_F(DropAreas, whatCannotBeReadIsLeftOutAndAnEmptyDropIsRefused) {
                         item({{"public.url", "no address"}}), item({{"public.url", ""}}),
                         item({{"public.file-url", "file:///b%20c"}}),
                         item({{"public.url", "https://example.org/d.html"}})};
-  EXPECT_EQ(printedBy([&] { EXPECT_TRUE(h.drop(kMiddle, items)); }), "");
+  EXPECT_EQ(printedBy([&] { EXPECT_TRUE(h.drop(kAreaMiddle, items)); }), "");
   EXPECT_EQ(taken(), "yes b c yes d.html ");
   EXPECT_EQ(printedBy([&] {
-              EXPECT_FALSE(h.drop(kMiddle, DropInfo{{}, {"public.url"}, {}}));
-              EXPECT_FALSE(h.drop(kMiddle, draggedText("words")));
+              EXPECT_FALSE(h.drop(kAreaMiddle, DropInfo{{}, {"public.url"}, {}}));
+              EXPECT_FALSE(h.drop(kAreaMiddle, draggedText("words")));
             }),
             "item not here\n");
   EXPECT_EQ(taken(), "");
@@ -86,11 +87,11 @@ TEST_F(DropAreas, thePromptGoesWithTheFirstAcceptedFile) {
                                     .displayFileName = name,
                                     .onDrag = note("yes")}));
   };
-  Harness h(area({}, false), kSize);
-  EXPECT_EQ(shown(h), kSymbol + "Here ");
-  h.drop(kMiddle, files({"c.txt"}));
-  EXPECT_EQ(shown(h), kSymbol + "Here ");
-  h.drop(kMiddle, files({"a.png"}));
+  Harness h(area({}, false), kAreaSize);
+  EXPECT_EQ(shown(h), kAreaSymbol + "Here ");
+  h.drop(kAreaMiddle, files({"c.txt"}));
+  EXPECT_EQ(shown(h), kAreaSymbol + "Here ");
+  h.drop(kAreaMiddle, files({"a.png"}));
   EXPECT_EQ(shown(h), "");
   h.setRoot(area(url("a.png"), false));
   EXPECT_EQ(shown(h), "a.png ");
@@ -101,7 +102,7 @@ TEST_F(DropAreas, thePromptGoesWithTheFirstAcceptedFile) {
   h.setRoot(area(url("a.png"), false, false).id("anew"));
   EXPECT_EQ(shown(h), "");
   h.setRoot(area({}, false).id("anew too"));
-  EXPECT_EQ(shown(h), kSymbol + "Here ");
+  EXPECT_EQ(shown(h), kAreaSymbol + "Here ");
 }
 
 TEST_F(DropAreas, aClickSpaceOrEnterOpensTheChooserWhateverIsAskedFor) {
@@ -109,7 +110,7 @@ TEST_F(DropAreas, aClickSpaceOrEnterOpensTheChooserWhateverIsAskedFor) {
                                 .tapToShowOpenDialog = false,
                                 .onDragUnsupported = note("no"),
                                 .onDrag = note("yes")}),
-            kSize);
+            kAreaSize);
   FileDialogRequest asked;
   asked.title = "Open";
   asked.extensions = {"png"};
@@ -125,12 +126,12 @@ TEST_F(DropAreas, aClickSpaceOrEnterOpensTheChooserWhateverIsAskedFor) {
 }
 
 TEST_F(DropAreas, aDragOverItChangesNothing) {
-  Harness h(ZQFileDragAreaView({.promptString = "Here", .onDrag = note("yes")}), kSize);
+  Harness h(ZQFileDragAreaView({.promptString = "Here", .onDrag = note("yes")}), kAreaSize);
   const std::string before = h.displayList();
-  EXPECT_TRUE(h.dragOver(kMiddle, {{}, {"public.file-url"}}));
-  EXPECT_TRUE(h.dragOver(kMiddle, {{}, {"public.url"}}));
+  EXPECT_TRUE(h.dragOver(kAreaMiddle, {{}, {"public.file-url"}}));
+  EXPECT_TRUE(h.dragOver(kAreaMiddle, {{}, {"public.url"}}));
   EXPECT_EQ(h.displayList(), before);
-  EXPECT_FALSE(h.dragOver(kMiddle, {{}, {"public.png"}}));
+  EXPECT_FALSE(h.dragOver(kAreaMiddle, {{}, {"public.png"}}));
   h.dragLeave();
   EXPECT_EQ(h.displayList(), before);
   EXPECT_EQ(taken(), "");
@@ -138,17 +139,17 @@ TEST_F(DropAreas, aDragOverItChangesNothing) {
 
 TEST_F(DropAreas, theFrameLiesInsideOfTheArea) {
   for (const double width : {0.67, 1.0, 4.0}) {
-    Harness h(ZQFileDragAreaView({.strokeWidth = width, .onDrag = note("yes")}), kSize);
+    Harness h(ZQFileDragAreaView({.strokeWidth = width, .onDrag = note("yes")}), kAreaSize);
     const auto drawn = h.drawn();
     ASSERT_EQ(drawn.size(), 1U);
     const auto& line = std::get<StrokePath>(drawn[0].command);
-    const Rect inside = Rect{0, 0, kSize.width, kSize.height}.insetBy(width / 2);
+    const Rect inside = Rect{0, 0, kAreaSize.width, kAreaSize.height}.insetBy(width / 2);
     EXPECT_EQ(line.style, (StrokeStyle{.lineWidth = width}));
     EXPECT_EQ(line.path->bounds(), inside);
     EXPECT_EQ(*line.path, Path().addRoundedRect(inside, 8, true));
     EXPECT_EQ(line.paint, Paint(Color::primary()));
   }
-  Harness bad(ZQFileDragAreaView({.strokeWidth = -1, .onDrag = note("yes")}), kSize);
+  Harness bad(ZQFileDragAreaView({.strokeWidth = -1, .onDrag = note("yes")}), kAreaSize);
   EXPECT_TRUE(bad.drawn().empty());
 }
 
@@ -156,22 +157,22 @@ TEST_F(DropAreas, aFolderAreaTakesFoldersOrBundlesAndAsksForOne) {
   for (const bool apps : {false, true}) {
     Harness h(
         ZQFolderDragAreaView({.url = url("plain"), .appsOnly = apps, .callback = note("got")}),
-        kSize);
-    EXPECT_EQ(shown(h), kSymbol + "plain ");
+        kAreaSize);
+    EXPECT_EQ(shown(h), kAreaSymbol + "plain ");
     EXPECT_EQ(h.findSymbol("square.and.arrow.down").color(), Color::gray());
-    EXPECT_TRUE(h.drop(kMiddle, files({"a.png", "plain", "Tool.app", "missing.app"})));
+    EXPECT_TRUE(h.drop(kAreaMiddle, files({"a.png", "plain", "Tool.app", "missing.app"})));
     EXPECT_EQ(taken(), apps ? "got Tool.app " : "got plain got Tool.app ");
     platform.fileDialogs().answerNext({folder.path("plain")});
-    h.click(kMiddle);
+    h.click(kAreaMiddle);
     EXPECT_EQ(taken(), "got plain ") << "what is chosen is not judged";
     const FileDialogRequest& request = platform.fileDialogs().requests().back();
     EXPECT_EQ(request.kind, FileDialogRequest::Kind::chooseFolder);
     EXPECT_EQ(request.title, "Choose Folder");
   }
-  Harness silent(ZQFolderDragAreaView({.showName = false, .showImage = false}), kSize);
+  Harness silent(ZQFolderDragAreaView({.showName = false, .showImage = false}), kAreaSize);
   EXPECT_EQ(shown(silent), "");
-  EXPECT_TRUE(silent.drop(kMiddle, files({"plain"})));
-  silent.click(kMiddle);
+  EXPECT_TRUE(silent.drop(kAreaMiddle, files({"plain"})));
+  silent.click(kAreaMiddle);
 }
 
 class MultipleFiles : public DropAreas {
@@ -187,33 +188,33 @@ class MultipleFiles : public DropAreas {
 };
 
 TEST_F(MultipleFiles, areHandedOverInOneCallATenthOfASecondAfterTheLast) {
-  Harness h(area(), kSize);
-  EXPECT_TRUE(h.drop(kMiddle, files({"a.png", "c.txt", "plain", "b.PNG", "a.png"})));
+  Harness h(area(), kAreaSize);
+  EXPECT_TRUE(h.drop(kAreaMiddle, files({"a.png", "c.txt", "plain", "b.PNG", "a.png"})));
   h.advance(0.09);
   EXPECT_EQ(taken(), "");
-  EXPECT_TRUE(h.drop(kMiddle, files({"Tool.app"})));
+  EXPECT_TRUE(h.drop(kAreaMiddle, files({"Tool.app"})));
   h.advance(0.09);
   EXPECT_EQ(taken(), "") << "the second drop is gathered with the first";
   h.advance(0.02);
   EXPECT_EQ(taken(), "a.png plain b.PNG a.png Tool.app | ");
-  h.drop(kMiddle, files({"c.txt"}));
+  h.drop(kAreaMiddle, files({"c.txt"}));
   h.advance(1);
   EXPECT_EQ(taken(), "") << "nothing was accepted";
-  h.drop(kMiddle, files({"b.PNG"}));
+  h.drop(kAreaMiddle, files({"b.PNG"}));
   h.advance(0.11);
   EXPECT_EQ(taken(), "b.PNG | ") << "the list began anew";
-  h.click(kMiddle);
+  h.click(kAreaMiddle);
   EXPECT_TRUE(platform.fileDialogs().requests().empty());
 }
 
 TEST_F(MultipleFiles, areDroppedWithTheAreaAndAskTheLatestHost) {
-  Harness h(area(), kSize);
-  h.drop(kMiddle, files({"a.png"}));
+  Harness h(area(), kAreaSize);
+  h.drop(kAreaMiddle, files({"a.png"}));
   h.setRoot(Text("gone"));
   h.advance(1);
   EXPECT_EQ(taken(), "");
   h.setRoot(area());
-  h.drop(kMiddle, files({"a.png"}));
+  h.drop(kAreaMiddle, files({"a.png"}));
   h.setRoot(ZQMultipleFilesDragAreaView(
       {.acceptFolders = false, .onDrag = [this](const auto&) { log += "later"; }}));
   h.advance(1);
@@ -229,18 +230,18 @@ TEST_F(DropAreas, aTextAreaTakesTheFirstText) {
                                  log += '[' + text + ']';
                                }});
   };
-  Harness h(area("Here", false), kSize);
-  EXPECT_EQ(shown(h), kSymbol + "Here ");
+  Harness h(area("Here", false), kAreaSize);
+  EXPECT_EQ(shown(h), kAreaSymbol + "Here ");
   DragItems items = draggedText("grün\n2");
   items.push_back(draggedText("second").front());
-  EXPECT_TRUE(h.drop(kMiddle, items));
+  EXPECT_TRUE(h.drop(kAreaMiddle, items));
   EXPECT_EQ(taken(), "[grün\n2]");
-  EXPECT_EQ(shown(h), kSymbol + "Here ") << "the prompt stays";
-  EXPECT_TRUE(h.drop(kMiddle, DropInfo{{}, {"public.utf8-plain-text"}, {}}));
+  EXPECT_EQ(shown(h), kAreaSymbol + "Here ") << "the prompt stays";
+  EXPECT_TRUE(h.drop(kAreaMiddle, DropInfo{{}, {"public.utf8-plain-text"}, {}}));
   EXPECT_EQ(taken(), "[]");
-  EXPECT_TRUE(h.drop(kMiddle, draggedText("a\xff")));
+  EXPECT_TRUE(h.drop(kAreaMiddle, draggedText("a\xff")));
   EXPECT_EQ(taken(), "[a\xEF\xBF\xBD]");
-  EXPECT_FALSE(h.drop(kMiddle, files({"a.png"})));
+  EXPECT_FALSE(h.drop(kAreaMiddle, files({"a.png"})));
   h.setRoot(area("Here", true));
   EXPECT_EQ(shown(h), "Here ");
   h.setRoot(area(std::nullopt, false));
@@ -253,7 +254,7 @@ TEST_F(DropAreas, callbacksEndOnTheInterfaceThread) {
     ~Ends() { EXPECT_TRUE(platform->mainQueue().isMainThread()); }
     HeadlessPlatform* platform;
   };
-  Harness h(Text("none"), kSize);
+  Harness h(Text("none"), kAreaSize);
   for (const bool text : {false, true}) {
     const auto ends = std::make_shared<Ends>(Ends{known});
     const auto weak = std::weak_ptr(ends);
@@ -261,7 +262,7 @@ TEST_F(DropAreas, callbacksEndOnTheInterfaceThread) {
       if (text) return ZQTextDragAreaView({.onDrag = [held](const auto&) {}});
       return ZQFileDragAreaView({.onDrag = [held](const auto&) {}});
     }());
-    h.host().drop({kMiddle,
+    h.host().drop({kAreaMiddle,
                    {"public.file-url", "public.utf8-plain-text"},
                    text ? draggedText("x") : files({"a.png", "b.PNG"})});
     h.host().setRoot(Text("gone"));
@@ -292,15 +293,15 @@ TEST_F(DropAreas, assistiveTechnologyHearsWhatIsAccepted) {
       {ZQTextDragAreaView({.onDrag = nullptr}), Role::group, "Drop a text", "", "Accepts text"},
   };
   for (const Case& row : rows) {
-    Harness h(row.view, kSize);
+    Harness h(row.view, kAreaSize);
     const Element area = h.find(row.role, row.name);
     ASSERT_TRUE(area) << h.accessibility();
     EXPECT_EQ(area.value, row.value);
     EXPECT_EQ(area.description, row.description);
     // A host without a callback is no fault.
-    h.click(kMiddle);
-    h.drop(kMiddle, files({"a.png", "plain"}));
-    h.drop(kMiddle, draggedText("x"));
+    h.click(kAreaMiddle);
+    h.drop(kAreaMiddle, files({"a.png", "plain"}));
+    h.drop(kAreaMiddle, draggedText("x"));
     h.advance(1);
   }
 }

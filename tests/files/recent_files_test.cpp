@@ -18,7 +18,7 @@
 namespace zq {
 namespace {
 
-constexpr Size kSize{360, 400};
+constexpr Size kPanelSize{360, 400};
 const char* const kPreference = "Recent Files Open";
 
 class RecentFiles : public testing::Test {
@@ -128,7 +128,7 @@ TEST_F(RecentFiles, theListGrowsAndThenScrolls) {
   for (const Case& row : {Case{3, 105}, Case{9, 255}, Case{10, 270}, Case{20, 270}}) {
     remember(many(row.count));
     prefs_setValueBool(kPreference, true);
-    Harness h(VStack({View(panel()), Spacer()}), kSize);
+    Harness h(VStack({View(panel()), Spacer()}), kPanelSize);
     const Rect field = h.find(Role::textField).bounds;
     const Rect list = h.find(Role::scrollArea).bounds;
     // The field stands in the middle of its 30 points.
@@ -140,9 +140,9 @@ TEST_F(RecentFiles, theListGrowsAndThenScrolls) {
 TEST_F(RecentFiles, theSearchAndTheKindsNarrowTheList) {
   remember({write("Alpha.png", 1), write("beta.JPG", 2), write("gamma.txt", 3)});
   prefs_setValueInt(kPreference, 1);
-  Harness all(panel(), kSize);
+  Harness all(panel(), kPanelSize);
   EXPECT_EQ(buttons(all), "Recent Files|Alpha.png|beta.JPG|gamma.txt|");
-  Harness pictures(panel({"png", "jpg"}), kSize);
+  Harness pictures(panel({"png", "jpg"}), kPanelSize);
   EXPECT_EQ(buttons(pictures), "Recent Files|Alpha.png|beta.JPG|");
   pictures.click(pictures.find(Role::textField));
   pictures.type("ALPHA");
@@ -156,12 +156,12 @@ TEST_F(RecentFiles, aPressHandsTheFileOverAndTheDesktopHearsOfIt) {
   remember({first, second});
   prefs_setValueBool(kPreference, true);
   std::vector<Url> taken;
-  Harness host(panel({}, [&](const Url& url) { taken.push_back(url); }), kSize);
+  Harness host(panel({}, [&](const Url& url) { taken.push_back(url); }), kPanelSize);
   host.click(host.button("b.txt"));
   EXPECT_EQ(taken, std::vector<Url>{second});
   EXPECT_TRUE(platform.workspace().opened().empty());
 
-  Harness alone(panel(), kSize);
+  Harness alone(panel(), kPanelSize);
   while (alone.tab() && alone.focused().name != "a.txt") continue;
   EXPECT_TRUE(alone.key(Key::enter));
   EXPECT_EQ(platform.workspace().opened(), std::vector<std::string>{first.text()});
@@ -189,14 +189,14 @@ TEST_F(RecentFiles, whetherThePanelIsOpenIsKept) {
            {"zero", [] { prefs_setValueInt(kPreference, 0); }, false},
        }) {
     row.set();
-    Harness h(panel(), kSize);
+    Harness h(panel(), kPanelSize);
     EXPECT_EQ(h.findText("Recent Files:").found, row.open) << row.what;
     EXPECT_EQ(h.findText("Recent Files").found, !row.open) << row.what;
     EXPECT_EQ(h.findSymbol("chevron.compact.up").found, row.open) << row.what;
     EXPECT_EQ(std::get<bool>(*platform.preferences().value(kPreference)), row.open) << row.what;
     open(h);
     EXPECT_EQ(std::get<bool>(*platform.preferences().value(kPreference)), !row.open) << row.what;
-    Harness next(panel(), kSize);
+    Harness next(panel(), kPanelSize);
     EXPECT_EQ(next.find(Role::textField).found, !row.open) << row.what;
   }
 }
@@ -240,7 +240,7 @@ TEST_F(RecentFiles, thousandsCostWhatIsSeen) {
   }
   remember(urls);
   prefs_setValueBool(kPreference, true);
-  Harness h(panel(), kSize);
+  Harness h(panel(), kPanelSize);
   EXPECT_TRUE(h.find(Role::scrollArea));
   EXPECT_LT(h.counts().bodies, 60U);
   h.click(h.find(Role::textField));

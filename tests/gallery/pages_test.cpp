@@ -11,7 +11,7 @@
 namespace zq::gallery {
 namespace {
 
-constexpr Size kWindow{900, 4000};
+constexpr Size kTallWindow{900, 4000};
 
 View shown(const GalleryPage& page) {
   return page.content();
@@ -31,7 +31,7 @@ class Pages : public testing::TestWithParam<std::size_t> {
 };
 
 TEST_P(Pages, nameWhatCanBePressedAndLetTheKeyboardReachIt) {
-  Harness screen(shown(page()), kWindow);
+  Harness screen(shown(page()), kTallWindow);
   std::set<std::uint64_t> stops;
   checkNames(screen.host().accessibilityTree(), stops);
   std::set<std::uint64_t> reached;
@@ -43,7 +43,7 @@ TEST_P(Pages, nameWhatCanBePressedAndLetTheKeyboardReachIt) {
 
 TEST_P(Pages, surviveEveryPressInBothSchemesAndDirections) {
   for (const bool other : {false, true}) {
-    Harness screen(shown(page()), kWindow);
+    Harness screen(shown(page()), kTallWindow);
     screen.setAppearance(
         {.colorScheme = other ? ColorScheme::dark : ColorScheme::light,
          .layoutDirection = other ? LayoutDirection::rightToLeft : LayoutDirection::leftToRight,

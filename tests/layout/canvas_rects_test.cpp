@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <tests/layout/no_numbers.hpp>
 #include <zqswiftui/layout/canvas_rects.hpp>
 
 namespace zq {
@@ -9,8 +9,6 @@ namespace {
 
 using Bound = CanvasRectBound;
 
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr Size kView{960, 540};
 constexpr Size kTarget{1920, 1080};
 

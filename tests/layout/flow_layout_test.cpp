@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <tests/layout/no_numbers.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
@@ -14,9 +14,6 @@ namespace zq {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 std::vector<Size> widths(const std::vector<double>& all, double height = 10) {
   std::vector<Size> sizes;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <tests/layout/no_numbers.hpp>
 #include <vector>
 #include <zqswiftui/layout/ruler_ticks.hpp>
 #include <zqswiftui/layout/zq_mini_timeline.hpp>
@@ -13,9 +13,6 @@ namespace zq {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 std::vector<double> valuesOf(const RulerTicks& ticks) {
   std::vector<double> values;

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <memory>
+#include <tests/layout/no_numbers.hpp>
 #include <variant>
 #include <zqswiftui/layout/ruler_ticks.hpp>
 #include <zqswiftui/layout/zq_mini_timeline.hpp>
@@ -21,8 +21,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 // The bars of a ruler as they are drawn: where, and how long.
 struct Bars {

@@ -32,10 +32,6 @@
 namespace zq::qt {
 namespace {
 
-Platform& platform() {
-  return static_cast<Platform&>(zq::Platform::current());
-}
-
 Bytes encoded(const QImage& image, const char* format) {
   QByteArray data;
   QBuffer buffer(&data);

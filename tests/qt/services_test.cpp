@@ -19,10 +19,6 @@
 namespace zq::qt {
 namespace {
 
-Platform& platform() {
-  return static_cast<Platform&>(zq::Platform::current());
-}
-
 TEST(QtMainQueue, keepsTheOrderOfEachThreadThatPosts) {
   constexpr int kThreads = 8, kPosts = 500;
   std::vector<std::vector<int>> seen(kThreads);

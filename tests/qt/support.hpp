@@ -6,8 +6,13 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWidget>
+#include <zqswiftui/platform/qt/platform.hpp>
 
 namespace zq::qt {
+
+inline Platform& platform() {
+  return static_cast<Platform&>(zq::Platform::current());
+}
 
 // Runs the event loop until the condition holds, or answers false after long enough to blame
 // the program and not the machine.

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <tests/toolkit/block.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 
@@ -10,10 +11,6 @@
 
 namespace zq {
 namespace {
-
-View block(double width, double height, const Color& color = Color::red()) {
-  return View(color).frame(width, height);
-}
 
 class Input : public testing::Test {
  protected:

@@ -27,7 +27,7 @@ View hoverable(const Log& log) {
   return Rectangle().frame(40, 40).onHover([log](bool inside) { *log += inside ? "in " : "out "; });
 }
 
-struct Toggled {
+struct Flipped {
   std::function<View(bool)> content;
   std::shared_ptr<std::optional<State<bool>>> on = std::make_shared<std::optional<State<bool>>>();
   View body(Context& context) const {
@@ -69,7 +69,7 @@ TEST(Hover, endsWithWhateverEndsIt) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
     const Log log = makeLog();
-    const Toggled view{[log](bool on) {
+    const Flipped view{[log](bool on) {
       return hoverable(log)
           .disabled(on)
           .flexFrame({.maxWidth = kInfinity, .maxHeight = kInfinity})
@@ -88,7 +88,7 @@ TEST(Hover, endsWithWhateverEndsIt) {
 
 TEST(Hover, isDerivedAfterEachLayoutAndGrabbedWhilePressed) {
   const Log log = makeLog();
-  const Toggled view{[log](bool on) {
+  const Flipped view{[log](bool on) {
     return VStack({.spacing = 0}, {on ? View(Rectangle().frame(40, 60)) : View(), hoverable(log)});
   }};
   Harness h(view, {40, 100});
@@ -113,7 +113,7 @@ TEST(Press, tapAndDragDecideByDistance) {
   };
   drag.onEnded = [log](const DragValue&) { *log += "ended "; };
   drag.onCancelled = note(log, "cancelled");
-  const Toggled view{[=](bool on) {
+  const Flipped view{[=](bool on) {
     return Rectangle().frame(60, 60).onTap(note(log, "tap")).gesture(drag).disabled(on);
   }};
   Harness h(view, {60, 60});

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <tests/toolkit/block.hpp>
 #include <vector>
 #include <zqswiftui/platform/headless/harness.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
@@ -12,10 +13,6 @@
 namespace zq {
 namespace {
 
-// A block of the size, and one that takes what it is offered.
-View block(double width, double height) {
-  return View(Color::red()).frame(width, height);
-}
 View filling() {
   return Color::blue();
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <random>
 #include <string>
+#include <tests/toolkit/block.hpp>
 #include <tests/toolkit/painted_host.hpp>
 #include <vector>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
@@ -17,10 +18,6 @@ namespace {
 constexpr std::size_t kKnobs = 16;
 using Knobs = std::array<int, kKnobs>;  // each from 0 to 5
 using Handle = std::shared_ptr<std::optional<State<Knobs>>>;
-
-View block(double width, double height, const Color& color) {
-  return View(color).frame(width, height);
-}
 
 View clips(const Knobs& k) {
   const View inside = VStack({.spacing = 2}, {Text("clip"), block(30, 6, Color::teal())});

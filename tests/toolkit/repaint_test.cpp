@@ -3,6 +3,7 @@
 
 #include <numeric>
 #include <string>
+#include <tests/toolkit/block.hpp>
 #include <tests/toolkit/painted_host.hpp>
 #include <vector>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
@@ -13,9 +14,6 @@
 namespace zq {
 namespace {
 
-View block(double width, double height, const Color& color = Color::red()) {
-  return View(color).frame(width, height);
-}
 View cornered(const View& view, double width, double height) {
   return view.frame({.width = width, .height = height, .alignment = Alignment::topLeading()});
 }

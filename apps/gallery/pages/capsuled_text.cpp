@@ -12,7 +12,7 @@ View capsule(const std::string& text, Color color) {
       {.text = text, .font = Font::caption(), .backgroundColor = color});
 }
 
-View colors() {
+View capsuleColors() {
   std::vector<View> all;
   for (const Color& color :
       {Color::red(), Color::orange(), Color::yellow(), Color::green(),
@@ -27,7 +27,7 @@ struct CapsuledTexts {
     return cards({
         card("Colours", VStack({.alignment = HorizontalAlignment::leading,
                                    .spacing = 12},
-                            {colors(), note("The text is black or white, "
+                            {capsuleColors(), note("The text is black or white, "
                                             "whichever reads better.")})),
         card("Fonts", samples({ZQCapsuledText({.text = "caption",
                                    .font = Font::caption()}),
@@ -40,7 +40,7 @@ struct CapsuledTexts {
                 sample("4", ZQCapsuledText({.text = "4K", .padding = 4})),
                 sample(
                     "12", ZQCapsuledText({.text = "4K", .padding = 12}))})),
-        card("Light and dark", lightAndDark(colors())),
+        card("Light and dark", lightAndDark(capsuleColors())),
         card("Right to left",
             bothDirections(capsule("مرحبا", Color::teal()))),
     });

@@ -19,10 +19,11 @@ Color colorOf(LineGround ground) {
     case LineGround::hovered:
       return Color::primary().opacity(0.06);
     case LineGround::chosenElsewhere:
-      return Color::accent().opacity(0.12);
+      return Color::accent().opacity(0.16);
     case LineGround::lit:
-    case LineGround::chosen:
       return Color::accent().opacity(0.25);
+    case LineGround::chosen:
+      return Color::accent().opacity(0.3);
     case LineGround::none:
       break;
   }

@@ -92,8 +92,7 @@ View millionRows() {
 struct Lists {
   View body(Context&) const {
     return cards({
-        card("SelectionList: press, drag, type, or use the menu key",
-            Planets{}),
+        card("Press, drag or type", Planets{}),
         card("Right to left",
             View(Planets{}).environment<LayoutDirectionKey>(
                 LayoutDirection::rightToLeft)),

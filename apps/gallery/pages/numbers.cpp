@@ -15,7 +15,7 @@ struct Numbers {
         View(NumberField({.label = "Zoom",
                  .value = zoom.binding(),
                  .range = {.least = 0.1, .most = 8, .step = 0.1}}))
-            .frame({.width = 140});
+            .frame({.width = 140, .growsWithText = true});
     const View stepper = Stepper({.label = "Copies",
         .value = copies.binding(),
         .range = {.least = 1, .most = 99, .decimals = 0}});

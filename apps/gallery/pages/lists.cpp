@@ -31,7 +31,7 @@ struct Planets {
     auto all = context.state(kPlanets);
     auto selected = context.state(std::optional<std::string>("Earth"));
     auto opened = context.state(std::string("none yet"));
-    const Names names = *all;
+    const Names& names = *all;
     const auto name = [names](std::size_t i) { return names[i]; };
     const auto without = [all, names](std::size_t i) {
       Names rest = names;

@@ -15,6 +15,16 @@ foreach(fuzzer IN LISTS fuzzers)
   zq_warnings(fuzz_${name})
 endforeach()
 
+# The list of documents is read beside Qt, but without it.
+if(TARGET fuzz_recent_list)
+  zq_stage(fuzz zqswiftui/platform/qt)
+  target_include_directories(fuzz_recent_list PRIVATE "${ZQ_FLOOR_ROOT}/fuzz")
+  target_sources(fuzz_recent_list PRIVATE
+    "${PROJECT_SOURCE_DIR}/zqswiftui/platform/qt/recent_list.cpp"
+    "${PROJECT_SOURCE_DIR}/zqswiftui/platform/qt/xml_events.cpp")
+  target_link_libraries(fuzz_recent_list PRIVATE expat)
+endif()
+
 # Generated source is compiled, against a stand-in for the store.
 if(TARGET fuzz_cpp_generator)
   target_compile_definitions(fuzz_cpp_generator PRIVATE

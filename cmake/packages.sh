@@ -4,7 +4,7 @@
 build_packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev libqt6svg6 qt6-image-formats-plugins fonts-dejavu-core
-  rapidjson-dev libdbus-1-dev libxcb1-dev libpng-dev libglib2.0-dev
+  rapidjson-dev libdbus-1-dev libxcb1-dev libpng-dev libexpat1-dev libglib2.0-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xdotool xclip openbox dbus x11-utils
   at-spi2-core python3-pyatspi gir1.2-atspi-2.0

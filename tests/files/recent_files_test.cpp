@@ -120,6 +120,31 @@ TEST_F(RecentFiles, aShareThatDoesNotAnswerKeepsNobodyWaiting) {
   changed.wait(lock, [&] { return ended == 1; });
 }
 
+TEST_F(RecentFiles, whatThePlatformKnowsOfAFileIsNotAskedAgain) {
+  const auto at = [](int hour) {
+    return FileFacts{1, std::chrono::system_clock::time_point(std::chrono::hours(hour))};
+  };
+  std::mutex mutex;
+  std::vector<std::string> asked, told;
+  const detail::AskFile ask = [&](const Url& url) -> std::optional<FileFacts> {
+    const std::lock_guard lock(mutex);
+    asked.push_back(url.path());
+    return at(2);
+  };
+  detail::gatherRecentFiles({{Url::file("/a"), "", at(1)},
+                             {Url::file("/unknown"), ""},
+                             {Url::file("/d"), "", at(3)},
+                             {Url::file("/c"), "", at(3)},
+                             {Url::file("/e"), "", FileFacts{}}},
+                            ask, [&](const detail::RecentFileList& list) {
+                              for (const auto& file : list) told.push_back(file->url.path());
+                            });
+  platform.advance(0);
+  EXPECT_EQ(told, (std::vector<std::string>{"/c", "/d", "/unknown", "/a", "/e"}));
+  const std::lock_guard lock(mutex);
+  EXPECT_EQ(asked, std::vector<std::string>{"/unknown"});
+}
+
 TEST_F(RecentFiles, theListGrowsAndThenScrolls) {
   struct Case {
     int count;
@@ -228,6 +253,31 @@ TEST_F(RecentFiles, aRowShowsNameSizeAndDateAndIsMarkedUnderThePointer) {
                {330, 25});
   EXPECT_EQ(gone.find(Role::button).value, "0 bytes");
   gone.click(gone.find(Role::button));
+}
+
+TEST_F(RecentFiles, theColumnsOfARowAndItsMarkKeepTheirMeasures) {
+  const std::string name(120, 'n');
+  remember({write(name, 1)});
+  prefs_setValueBool(kPreference, true);
+  Harness h(panel(), kSize);
+  constexpr double kSpacing = 8;
+  const Rect row = h.button(name).bounds, size = h.findText("5 bytes").bounds;
+  EXPECT_EQ(row.maxX() - size.maxX(), 4 + 116 + kSpacing);
+  // A shortened name ends with a whole letter, so it may not quite fill its column.
+  const double besideName = size.maxX() - h.findText(name).bounds.maxX();
+  EXPECT_GE(besideName, kSpacing + 84);
+  EXPECT_LT(besideName, kSpacing + 84 + 7);
+
+  h.hover(h.button(name));
+  h.advance(1);
+  int marks = 0;
+  for (const DrawnCommand& drawn : h.drawn()) {
+    const auto* mark = std::get_if<FillRoundedRect>(&drawn.command);
+    if (mark == nullptr || drawn.bounds != row) continue;
+    EXPECT_EQ(mark->radius, 4);
+    ++marks;
+  }
+  EXPECT_EQ(marks, 1);
 }
 
 TEST_F(RecentFiles, thousandsCostWhatIsSeen) {

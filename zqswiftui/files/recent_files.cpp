@@ -1,12 +1,11 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
-#include <algorithm>
 #include <map>
 #include <mutex>
 #include <set>
 #include <thread>
-#include <tuple>
 #include <utility>
 #include <zqswiftui/files/recent_files.hpp>
+#include <zqswiftui/platform/base/file_order.hpp>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/work.hpp>
@@ -43,23 +42,14 @@ class SilentShares {
   std::set<std::string> places_;
 };
 
-void sortNewestFirst(RecentFileList& list) {
-  struct Entry {
-    std::chrono::system_clock::time_point date;
-    std::string path;
-    std::shared_ptr<const RecentFile> file;
-  };
-  constexpr auto kOldest = std::chrono::system_clock::time_point::min();
-  std::vector<Entry> order;
-  order.reserve(list.size());
-  for (auto& file : list) {
-    order.push_back({file->facts->modified.value_or(kOldest), file->url.path(), file});
-  }
-  std::sort(order.begin(), order.end(), [](const Entry& a, const Entry& b) {
-    return std::tie(b.date, a.path, a.file->url) < std::tie(a.date, b.path, b.file->url);
-  });
-  std::transform(order.begin(), order.end(), list.begin(),
-                 [](Entry& entry) { return std::move(entry.file); });
+RecentFileList newestFirst(const RecentFileList& list) {
+  std::vector<DatedFile> files;
+  files.reserve(list.size());
+  for (const auto& file : list) files.push_back({&file->url, file->facts->modified});
+  RecentFileList sorted;
+  sorted.reserve(list.size());
+  for (const std::size_t place : dateOrder(files, true)) sorted.push_back(list[place]);
+  return sorted;
 }
 
 // One gathering, held by the threads that ask and by the deadlines.
@@ -69,35 +59,36 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
       : ask_(std::move(ask)), tell_(std::move(tell)) {}
 
   void begin(std::vector<Documents::Recent> documents) {
-    std::map<std::string, std::vector<Url>> places;
+    std::map<std::string, std::vector<Documents::Recent>> places;
     for (Documents::Recent& document : documents) {
-      places[document.place].push_back(std::move(document.url));
+      places[document.place].push_back(std::move(document));
     }
     std::erase_if(places, [](const auto& of) { return SilentShares::all().has(of.first); });
     waiting_ = places.size() + 1;
-    for (auto& [place, urls] : places) askPlace(place, std::move(urls));
+    for (auto& [place, kept] : places) askPlace(place, std::move(kept));
     placeEnded();  // that of the beginning, so that no place at all ends too
   }
 
  private:
-  void askPlace(const std::string& place, std::vector<Url> urls) {
+  void askPlace(const std::string& place, std::vector<Documents::Recent> documents) {
     const auto ended = std::make_shared<bool>(false);     // on the interface thread
     const auto answered = std::make_shared<bool>(false);  // under the lock of the shares
     const auto end = [self = shared_from_this(), ended] {
       if (std::exchange(*ended, true)) return;
       self->placeEnded();
     };
-    const auto work = [self = shared_from_this(), place, urls = std::move(urls), answered, end] {
-      for (const Url& url : urls) {
-        if (!self->take(url)) break;
+    auto work = [self = shared_from_this(), place, documents = std::move(documents), answered,
+                 end]() mutable {
+      for (Documents::Recent& document : documents) {
+        if (!self->take(std::move(document))) break;
       }
       SilentShares::all().answered(place, *answered);
       XMain::executeWhileThere(end);
     };
     if (place.empty()) {
-      Queue::execute(true, work);
+      Queue::execute(true, std::move(work));
     } else {
-      std::thread(work).detach();  // it may never end, and must not keep the program
+      std::thread(std::move(work)).detach();  // it may never end, and must not keep the program
     }
     Platform::current().mainQueue().postDelayed(
         place.empty() ? localLimit : remoteLimit, [place, answered, end] {
@@ -107,11 +98,12 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
   }
 
   // Whether there is still somebody to ask for.
-  bool take(const Url& url) {
-    const auto facts = ask_(url);
-    const auto file = facts ? std::make_shared<const RecentFile>(url, facts) : nullptr;
+  bool take(Documents::Recent document) {
+    const auto facts = document.facts ? document.facts : ask_(document.url);
+    auto file =
+        facts ? std::make_shared<const RecentFile>(std::move(document.url), facts) : nullptr;
     const std::lock_guard lock(mutex_);
-    if (file && !told_) found_.push_back(file);
+    if (file && !told_) found_.push_back(std::move(file));
     return !told_;
   }
 
@@ -124,8 +116,9 @@ class Gathering : public std::enable_shared_from_this<Gathering> {
       found = std::move(found_);
     }
     Queue::execute(true, [found = std::move(found), tell = std::move(tell_)]() mutable {
-      sortNewestFirst(found);
-      XMain::executeWhileThere([found = std::move(found), tell = std::move(tell)] { tell(found); });
+      XMain::executeWhileThere([found = newestFirst(found), tell = std::move(tell)]() mutable {
+        tell(std::move(found));
+      });
     });
   }
 

@@ -8,11 +8,12 @@ namespace zq {
 void Documents::recent(std::function<void(std::vector<Recent>)> answer) {
   if (!answer) return;
   Platform::current().recentDocuments().list(
-      [answer = std::move(answer)](const std::vector<RecentDocument>& documents) {
+      [answer = std::move(answer)](std::vector<RecentDocument> documents) {
         std::vector<Recent> known;
         known.reserve(documents.size());
-        for (const RecentDocument& document : documents) {
-          if (const auto url = Url::parse(document.url)) known.push_back({*url, document.place});
+        for (RecentDocument& document : documents) {
+          auto url = Url::parse(document.url);
+          if (url) known.push_back({*std::move(url), std::move(document.place), document.facts});
         }
         answer(std::move(known));
       });

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/file_facts.hpp>
 
 namespace zq {
 
@@ -11,7 +13,8 @@ namespace zq {
 struct Documents {
   struct Recent {
     Url url;
-    std::string place;  // a mounted share that may not answer, or empty
+    std::string place;                              // a mounted share that may not answer, or empty
+    std::optional<FileFacts> facts = std::nullopt;  // absent: not asked yet
   };
   // Answers later with those whose address makes sense, the last opened first.
   static void recent(std::function<void(std::vector<Recent> documents)> answer);

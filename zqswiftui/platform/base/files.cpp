@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <tuple>
 #include <unordered_set>
+#include <zqswiftui/platform/base/file_order.hpp>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/zq_id.hpp>
@@ -100,6 +101,25 @@ bool writeBeside(const std::string& temporary, mode_t mode, std::string_view con
   return writeAll(file.get(), content) && ::fsync(file.get()) == 0 && file.close();
 }
 
+std::vector<Url> sortedByName(const std::vector<Url>& urls, bool descending) {
+  struct Entry {
+    Url url;
+    std::string path;
+    std::string name;
+  };
+  std::vector<Entry> entries;
+  entries.reserve(urls.size());
+  for (const Url& url : urls) entries.push_back({url, url.path(), lowercased(url.name())});
+  std::stable_sort(entries.begin(), entries.end(), [descending](const Entry& a, const Entry& b) {
+    if (descending) return std::tie(b.name, a.path) < std::tie(a.name, b.path);
+    return std::tie(a.name, a.path) < std::tie(b.name, b.path);
+  });
+  std::vector<Url> sorted;
+  sorted.reserve(entries.size());
+  for (Entry& entry : entries) sorted.push_back(std::move(entry.url));
+  return sorted;
+}
+
 }  // namespace
 
 Result<Bytes> readFile(const std::string& path, std::uint64_t limit) {
@@ -179,11 +199,14 @@ Url fu_getCacheFolderUrl(bool user) {
 std::optional<FileFacts> fu_getFileFacts(const Url& url) {
   struct stat info {};
   if (!url.isFile() || ::stat(url.path().c_str(), &info) != 0) return std::nullopt;
-  return FileFacts{info.st_size,
-                   std::chrono::system_clock::time_point(
-                       std::chrono::duration_cast<std::chrono::system_clock::duration>(
-                           std::chrono::seconds(info.st_mtim.tv_sec) +
-                           std::chrono::nanoseconds(info.st_mtim.tv_nsec)))};
+  return fileFacts(info);
+}
+
+FileFacts fileFacts(const struct ::stat& info) {
+  return {info.st_size, std::chrono::system_clock::time_point(
+                            std::chrono::duration_cast<std::chrono::system_clock::duration>(
+                                std::chrono::seconds(info.st_mtim.tv_sec) +
+                                std::chrono::nanoseconds(info.st_mtim.tv_nsec)))};
 }
 
 std::int64_t fu_getFileSize(const Url& url) {
@@ -216,38 +239,17 @@ bool FUList::isFolder(const std::string& path) {
 }
 
 std::vector<Url> sortedWith(SortMethod method, const std::vector<Url>& urls) {
-  struct Entry {
-    Url url;
-    std::string path;
-    std::string name;
-    std::chrono::system_clock::time_point date;
-  };
   const bool byName = method == SortMethod::nameAscending || method == SortMethod::nameDescending;
+  if (byName) return sortedByName(urls, method == SortMethod::nameDescending);
   // Asked once a file, not once a comparison.
-  std::vector<Entry> entries;
-  entries.reserve(urls.size());
-  for (const Url& url : urls) {
-    entries.push_back({url, url.path(), byName ? lowercased(url.name()) : "",
-                       byName ? std::chrono::system_clock::time_point{}
-                              : fu_getModificationDate(url).value_or(
-                                    std::chrono::system_clock::time_point::min())});
-  }
-  std::stable_sort(entries.begin(), entries.end(), [method](const Entry& a, const Entry& b) {
-    switch (method) {
-      case SortMethod::nameAscending:
-        return std::tie(a.name, a.path) < std::tie(b.name, b.path);
-      case SortMethod::nameDescending:
-        return std::tie(b.name, a.path) < std::tie(a.name, b.path);
-      case SortMethod::oldestFirst:
-        return std::tie(a.date, a.path) < std::tie(b.date, b.path);
-      case SortMethod::newestFirst:
-        break;
-    }
-    return std::tie(b.date, a.path) < std::tie(a.date, b.path);
-  });
+  std::vector<DatedFile> files;
+  files.reserve(urls.size());
+  for (const Url& url : urls) files.push_back({&url, fu_getModificationDate(url)});
   std::vector<Url> sorted;
-  sorted.reserve(entries.size());
-  for (Entry& entry : entries) sorted.push_back(std::move(entry.url));
+  sorted.reserve(urls.size());
+  for (const std::size_t place : dateOrder(files, method == SortMethod::newestFirst)) {
+    sorted.push_back(urls[place]);
+  }
   return sorted;
 }
 

@@ -11,6 +11,9 @@
 #include <zqswiftui/platform/base/result.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/services/bytes.hpp>
+#include <zqswiftui/platform/services/file_facts.hpp>
+
+struct stat;
 
 namespace zq {
 
@@ -43,13 +46,10 @@ bool fu_writeTextToFile(const Url& url, std::string_view text);
 // The application's own folder for what can be made again; user: false asks for the one of
 // the machine, which is the folder for temporary files.
 Url fu_getCacheFolderUrl(bool user);
-struct FileFacts {
-  std::int64_t size = 0;  // in bytes
-  std::optional<std::chrono::system_clock::time_point> modified = std::nullopt;
-  bool operator==(const FileFacts&) const = default;
-};
 // What the disk says of it, asked once; absent where it is not there or not of a file.
 std::optional<FileFacts> fu_getFileFacts(const Url& url);
+// Of an answer that is there already.
+FileFacts fileFacts(const struct ::stat& info);
 // 0 and absent where the file cannot be asked.
 std::int64_t fu_getFileSize(const Url& url);
 std::optional<std::chrono::system_clock::time_point> fu_getModificationDate(const Url& url);

@@ -135,7 +135,13 @@ std::string lowercased(std::string_view text) {
   std::string lower;
   lower.reserve(text.size());
   for (std::size_t position = 0; position < text.size();) {
-    appendScalar(lower, lowerScalar(nextScalar(text, position)));
+    const std::uint8_t next = byteAt(text, position);
+    if (next >= 0x80) {
+      appendScalar(lower, lowerScalar(nextScalar(text, position)));
+      continue;
+    }
+    lower += static_cast<char>(next >= 'A' && next <= 'Z' ? next + 32 : next);
+    ++position;
   }
   return lower;
 }

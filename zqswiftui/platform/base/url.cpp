@@ -42,8 +42,13 @@ int hexValue(char c) {
 
 std::string unescaped(std::string_view text) {
   std::string path;
+  path.reserve(text.size());
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool whole = text[i] == '%' && i + 2 < text.size();
+    const std::size_t plain = std::min(text.find('%', i), text.size());
+    path.append(text, i, plain - i);
+    i = plain;
+    if (i == text.size()) break;
+    const bool whole = i + 2 < text.size();
     const int high = whole ? hexValue(text[i + 1]) : -1;
     const int low = whole ? hexValue(text[i + 2]) : -1;
     // The system would end a path at a zero byte, and so open another file than was named.
@@ -103,7 +108,8 @@ std::string Url::path() const {
     if (isFile() && rest.starts_with("localhost/")) rest.remove_prefix(9);
     if (!isFile()) rest.remove_prefix(std::min(rest.find('/'), rest.size()));
   }
-  return unescaped(rest.substr(0, rest.find_first_of("?#")));
+  rest = rest.substr(0, rest.find('?'));  // a sign at a time, which is a search in one go
+  return unescaped(rest.substr(0, rest.find('#')));
 }
 
 std::string Url::name() const {

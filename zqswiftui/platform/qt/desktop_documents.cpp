@@ -1,19 +1,23 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <sys/stat.h>
 
-#include <QByteArray>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLockFile>
 #include <QMimeDatabase>
 #include <QStandardPaths>
-#include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <functional>
+#include <iterator>
+#include <map>
 #include <mutex>
+#include <string_view>
 #include <tuple>
-#include <unordered_map>
+#include <unordered_set>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/work.hpp>
@@ -31,7 +35,7 @@ constexpr int kTries = 10;
 
 struct Opened {
   std::string url;
-  QDateTime when;
+  std::chrono::system_clock::time_point when;
 };
 
 // What tells whether somebody has written a file since.
@@ -44,27 +48,49 @@ std::optional<Stamp> stampOf(const std::string& path) {
 }
 
 // Empty where there is no list yet.
-Result<QByteArray> readList(const std::string& path) {
-  if (!stampOf(path)) return QByteArray();
-  const auto bytes = readFile(path, kMaxListBytes);
-  if (!bytes.ok()) return bytes.error();
-  return QByteArray(reinterpret_cast<const char*>(bytes.value().data()),
-                    static_cast<qsizetype>(bytes.value().size()));
+Result<std::string> readList(const std::string& path) {
+  if (!stampOf(path)) return std::string();
+  return readTextFile(path, kMaxListBytes);
 }
 
-// Of a file in a folder of this machine.
-bool isLink(const std::string& file) {
-  struct stat info {};
-  return ::lstat(file.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
-}
-
-QStringList applicationNames() {
+std::vector<std::string> applicationNames() {
   QStringList names{QCoreApplication::applicationName(), QGuiApplication::applicationDisplayName(),
                     QGuiApplication::desktopFileName()};
   names.removeAll(QString());
   names.removeDuplicates();
-  return names;
+  std::vector<std::string> texts;
+  for (const QString& name : names) texts.push_back(name.toStdString());
+  return texts;
 }
+
+// Finds what keeps each document, without a question to what may not answer.
+class Places {
+ public:
+  RecentDocument documentAt(const Url& url) {
+    RecentDocument document{url.text()};
+    if (!url.isFile()) return document;
+    const std::string file = url.path();
+    document.place = shareOfFolder(std::string_view(file).substr(0, file.rfind('/') + 1));
+    struct stat info {};
+    if (!document.place.empty() || ::lstat(file.c_str(), &info) != 0) return document;
+    if (S_ISLNK(info.st_mode)) {
+      document.place = shares_.shareOf(file);
+    } else {
+      document.facts = fileFacts(info);
+    }
+    return document;
+  }
+
+ private:
+  const std::string& shareOfFolder(std::string_view folder) {
+    const auto known = ofFolders_.find(folder);
+    if (known != ofFolders_.end()) return known->second;
+    return ofFolders_.emplace(folder, shares_.shareOf(folder)).first->second;
+  }
+
+  const MountedShares shares_;
+  std::map<std::string, std::string, std::less<>> ofFolders_;
+};
 
 }  // namespace
 
@@ -72,8 +98,8 @@ struct DesktopDocuments::State {
   explicit State(std::string file) : path(std::move(file)) {}
 
   const std::string path;
-  const QStringList applications = applicationNames();
-  const QString exec = u'\'' + QCoreApplication::applicationFilePath() + QStringLiteral("' %u");
+  const std::vector<std::string> applications = applicationNames();
+  const std::string exec = '\'' + QCoreApplication::applicationFilePath().toStdString() + "' %u";
 
   std::mutex mutex;
   std::vector<Opened> pending;  // not in the list yet, the first opened first
@@ -85,23 +111,18 @@ struct DesktopDocuments::State {
       for (const Opened& opened : pending) urls.insert(urls.begin(), opened.url);
     }
     if (const auto list = readList(path); list.ok()) {
-      for (const QString& url : documentsOf(list.value(), applications)) {
-        urls.push_back(url.toStdString());
-      }
+      auto listed = documentsOf(list.value(), applications);
+      urls.insert(urls.end(), std::move_iterator(listed.begin()), std::move_iterator(listed.end()));
     }
-    const MountedShares shares;
-    std::unordered_map<std::string, std::string> ofFolders;
+    Places places;
     std::vector<RecentDocument> documents;
-    for (const Url& url : uniques(parsed(urls))) {
-      std::string share;
-      if (url.isFile()) {
-        const std::string file = url.path();
-        const auto [known, isNew] = ofFolders.try_emplace(file.substr(0, file.rfind('/') + 1));
-        if (isNew) known->second = shares.shareOf(known->first);
-        share = known->second;
-        if (share.empty() && isLink(file)) share = shares.shareOf(file);
-      }
-      documents.push_back({url.text(), std::move(share)});
+    documents.reserve(urls.size());
+    std::unordered_set<std::string_view> known;  // of the documents, which therefore never move
+    for (const std::string& text : urls) {
+      const auto url = Url::parse(text);
+      if (!url || known.contains(url->text())) continue;
+      documents.push_back(places.documentAt(*url));
+      known.insert(documents.back().url);
     }
     return documents;
   }
@@ -122,14 +143,6 @@ struct DesktopDocuments::State {
   }
 
  private:
-  static std::vector<Url> parsed(const std::vector<std::string>& texts) {
-    std::vector<Url> urls;
-    for (const std::string& text : texts) {
-      if (const auto url = Url::parse(text)) urls.push_back(*url);
-    }
-    return urls;
-  }
-
   Result<void> writeAll(const std::vector<Opened>& opened) const {
     const QString file = toQString(path);
     if (!QDir().mkpath(QFileInfo(file).path())) return Error{"cannot make the folder of " + path};
@@ -145,43 +158,40 @@ struct DesktopDocuments::State {
       if (!next.ok()) return next.error();
       // Not every program takes the lock.
       if (stampOf(path) != before) continue;
-      auto replaced =
-          replaceFile(path, std::string_view(next.value().constData(),
-                                             static_cast<std::size_t>(next.value().size())));
+      auto replaced = replaceFile(path, std::string_view(next.value()));
       if (replaced.ok() && !before) ::chmod(path.c_str(), S_IRUSR | S_IWUSR);
       return replaced;
     }
     return Error{path + " is changed without a rest by another program"};
   }
 
-  Result<QByteArray> withAll(QByteArray list, const std::vector<Opened>& opened) const {
+  Result<std::string> withAll(std::string list, const std::vector<Opened>& opened) const {
     const QMimeDatabase types;
     for (const Opened& document : opened) {
       const QString name = toQString(Url::parse(document.url)->path());
       const OpenedDocument entry{
-          toQString(document.url),
-          types.mimeTypeForFile(name, QMimeDatabase::MatchExtension).name(),
-          applications.isEmpty() ? QStringLiteral("unnamed") : applications.front(), exec,
-          document.when};
+          document.url,
+          types.mimeTypeForFile(name, QMimeDatabase::MatchExtension).name().toStdString(),
+          applications.empty() ? "unnamed" : applications.front(), exec, document.when};
       auto next = withDocument(list, entry);
       if (!next) {
         if (const auto kept = keepDamaged(list); !kept.ok()) return kept.error();
         next = withDocument(undamaged(list), entry);
+        if (!next) return Error{"cannot mend " + path};
       }
-      list = *next;
+      list = *std::move(next);
     }
     return list;
   }
 
-  Result<void> keepDamaged(const QByteArray& list) const {
+  Result<void> keepDamaged(const std::string& list) const {
     const auto name = path + ".damaged-" +
                       QDateTime::currentDateTimeUtc()
                           .toString(QStringLiteral("yyyyMMddTHHmmsszzz"))
                           .toStdString();
     std::fprintf(stderr, "zqswiftui: recent documents: the list was damaged; it is kept as %s\n",
                  name.c_str());
-    return replaceFile(name,
-                       std::string_view(list.constData(), static_cast<std::size_t>(list.size())));
+    return replaceFile(name, std::string_view(list));
   }
 };
 
@@ -202,8 +212,9 @@ void DesktopDocuments::finish() {
 void DesktopDocuments::list(std::function<void(std::vector<RecentDocument>)> answer) {
   if (!answer) return;
   Queue::execute(true, [state = state_, answer = std::move(answer)]() mutable {
-    XMain::executeWhileThere(
-        [documents = state->read(), answer = std::move(answer)] { answer(documents); });
+    XMain::executeWhileThere([documents = state->read(), answer = std::move(answer)]() mutable {
+      answer(std::move(documents));
+    });
   });
 }
 
@@ -211,7 +222,7 @@ void DesktopDocuments::add(std::string url) {
   if (!Url::parse(url)) return;
   {
     const std::lock_guard lock(state_->mutex);
-    state_->pending.push_back({std::move(url), QDateTime::currentDateTimeUtc()});
+    state_->pending.push_back({std::move(url), std::chrono::system_clock::now()});
   }
   writes_.post([state = state_] { state->write(); });
 }

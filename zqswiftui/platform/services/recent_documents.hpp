@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/services/file_facts.hpp>
 
 namespace zq {
 
@@ -12,6 +14,8 @@ struct RecentDocument {
   // What keeps it, where that may not answer: a mounted share by the folder where it is mounted.
   // Empty for what is on this machine.
   std::string place = {};
+  // Where the list was made by asking for it; a file without is asked for by whoever needs it.
+  std::optional<FileFacts> facts = std::nullopt;
   bool operator==(const RecentDocument&) const = default;
 };
 

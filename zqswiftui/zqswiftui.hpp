@@ -16,6 +16,7 @@
 #include <zqswiftui/controls/menu.hpp>
 #include <zqswiftui/controls/number_field.hpp>
 #include <zqswiftui/controls/picker.hpp>
+#include <zqswiftui/controls/push_button.hpp>
 #include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/controls/zq_button.hpp>

@@ -37,15 +37,15 @@ TEST(SplitView, itsLineIsDraggedAndMovedByKeysWithinBothBounds) {
     EXPECT_EQ(h.cursor(), Cursor::resizeHorizontal);
     EXPECT_EQ(drag(40), 140);
     EXPECT_EQ(drag(-500), 80);
-    EXPECT_EQ(drag(500), 300 - 9 - 50);
+    EXPECT_EQ(drag(500), 300 - 1 - 50);
     h.key(plain ? Key::left : Key::right);
-    EXPECT_EQ(width(), 233);
+    EXPECT_EQ(width(), 241);
     h.key(plain ? Key::left : Key::right, {.shift = true});
-    EXPECT_EQ(width(), 153);
+    EXPECT_EQ(width(), 161);
     h.resize({150, 100});
-    EXPECT_EQ(width(), 91) << "what is shown follows the room";
+    EXPECT_EQ(width(), 99) << "what is shown follows the room";
     h.resize({300, 100});
-    EXPECT_EQ(width(), 153) << "and what was wished is kept";
+    EXPECT_EQ(width(), 161) << "and what was wished is kept";
     h.resize({60, 100});
     EXPECT_EQ(width(), 80);
   }

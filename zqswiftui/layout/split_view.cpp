@@ -13,7 +13,8 @@
 namespace zq {
 namespace {
 
-constexpr double kGrip = 9;  // of the line, with what takes the pointer around it
+constexpr double kLine = 1;
+constexpr double kGrip = 9;  // what takes the pointer, in front of both views
 constexpr double kKeyStep = 8;
 constexpr double kManySteps = 10;  // with Shift
 
@@ -23,11 +24,11 @@ SplitView::SplitView(Parameters parameters) : parameters_(std::move(parameters))
 
 double SplitView::widthOf(double wished, double all) const {
   const double least = sanitized(parameters_.leastLeading);
-  const double most = std::max(least, all - kGrip - sanitized(parameters_.leastTrailing));
+  const double most = std::max(least, all - kLine - sanitized(parameters_.leastTrailing));
   return std::isnan(wished) ? least : std::clamp(wished, least, most);
 }
 
-View SplitView::line(double all, bool leftToRight,
+View SplitView::grip(double all, bool leftToRight,
                      const State<std::optional<double>>& start) const {
   const Binding<double> width = *parameters_.leadingWidth;
   const auto fit = [split = *this, all](double wished) { return split.widthOf(wished, all); };
@@ -47,10 +48,9 @@ View SplitView::line(double all, bool leftToRight,
     width.set(fit(fit(width.get()) + (event.key == Key::right ? sign : -sign) * by));
     return true;
   };
-  return View(Rectangle().fill(Color::separator()))
-      .frame({.width = 1})
-      .padding({.leading = (kGrip - 1) / 2, .trailing = (kGrip - 1) / 2})
-      .background(View(Color::gray()).opacity(0.001))
+  return View(Color::gray())
+      .opacity(0.001)
+      .frame({.width = kGrip})
       .cursor(Cursor::resizeHorizontal)
       .gesture(drag)
       .onKey(keyed)
@@ -67,11 +67,14 @@ View SplitView::body(Context& context) const {
       context.environment<LayoutDirectionKey>() == LayoutDirection::leftToRight;
   return GeometryReader([split = *this, start, leftToRight](Size size) {
     const double width = split.widthOf(split.parameters_.leadingWidth->get(), size.width);
-    const double rest = std::max(0.0, size.width - width - kGrip);
-    return HStack({.spacing = 0},
-                  {View(*split.parameters_.leading).frame(width, size.height).clipped(),
-                   split.line(size.width, leftToRight, start),
-                   View(*split.parameters_.trailing).frame(rest, size.height).clipped()});
+    const double rest = std::max(0.0, size.width - width - kLine);
+    const View panes = HStack(
+        {.spacing = 0}, {View(*split.parameters_.leading).frame(width, size.height).clipped(),
+                         Rectangle().fill(Color::separator()).frame({.width = kLine}),
+                         View(*split.parameters_.trailing).frame(rest, size.height).clipped()});
+    const double before = std::max(0.0, width - (kGrip - kLine) / 2);
+    return ZStack({panes, split.grip(size.width, leftToRight, start).padding({.leading = before})},
+                  Alignment::topLeading());
   });
 }
 

@@ -30,7 +30,7 @@ class SplitView : public ViewModifiers<SplitView> {
   double widthOf(double wished, double all) const;
 
  private:
-  View line(double all, bool leftToRight, const State<std::optional<double>>& start) const;
+  View grip(double all, bool leftToRight, const State<std::optional<double>>& start) const;
   Parameters parameters_;
 };
 

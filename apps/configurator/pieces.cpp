@@ -1,0 +1,61 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <apps/configurator/pieces.hpp>
+
+namespace zq::configurator {
+
+View hairline(bool vertical) {
+  return Rectangle()
+      .fill(Color::separator())
+      .frame(vertical ? Frame{.width = 1} : Frame{.height = 1});
+}
+
+View heading(const std::string& text) {
+  return Text(text).font(Font::headline()).lineLimit(1);
+}
+
+View field(const std::string& caption, View editor) {
+  return VStack(
+      {.alignment = HorizontalAlignment::leading, .spacing = 4},
+      {Text(caption).font(Font::caption()).foregroundColor(Color::secondary()), std::move(editor)});
+}
+
+View nothingHere(const std::string& symbol, const std::string& sentence) {
+  return VStack({.spacing = 8}, {Image::symbol(symbol).font(Font::title()),
+                                 Text(sentence).multilineTextAlignment(TextAlignment::center)})
+      .foregroundColor(Color::secondary())
+      .padding(16)
+      .flexFrame({.maxWidth = kInfinity, .maxHeight = kInfinity});
+}
+
+View toolButton(const std::string& symbol, const std::string& name, std::function<void()> action,
+                bool enabled) {
+  return Button(std::move(action), Image::symbol(symbol).frame(24, 24))
+      .accessibilityLabel(name)
+      .help(name)
+      .disabled(!enabled)
+      .opacity(enabled ? 1 : 0.35);
+}
+
+View SearchField::body(Context&) const {
+  const Binding<std::string> text = text_;
+  std::vector<View> parts{Image::symbol("magnifyingglass").foregroundColor(Color::secondary()),
+                          TextField(name_, text).accessibilityLabel(name_)};
+  if (!text.get().empty()) {
+    parts.push_back(toolButton("xmark.circle.fill", "Empty the search", [text] { text.set(""); }));
+  }
+  return HStack({.spacing = 6}, std::move(parts));
+}
+
+View DeferredTextField::body(Context& context) const {
+  const auto deferred = context.stateOf([&] { return ZQDeferredTextBinding::create(text_); });
+  context.observe(*deferred);
+  return TextField(name_, (*deferred)->value()).accessibilityLabel(name_);
+}
+
+View DeferredNumberField::body(Context& context) const {
+  const auto deferred = context.stateOf([&] { return ZQDeferredDoubleBinding::create(number_); });
+  context.observe(*deferred);
+  return NumberField({.label = name_, .value = (*deferred)->value(), .range = {.decimals = 12}});
+}
+
+}  // namespace zq::configurator

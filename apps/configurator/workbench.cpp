@@ -1,0 +1,241 @@
+// ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
+#include <apps/configurator/workbench.hpp>
+#include <zqswiftui/platform/base/pressure_task.hpp>
+#include <zqswiftui/platform/base/zq_file_dialogs.hpp>
+
+namespace zq::configurator {
+namespace {
+
+const std::vector<std::string> kExtensions{std::string(ZQUICProject::configuratorFileExtension)};
+
+Url withExtension(const Url& file) {
+  return file.isA(kExtensions) ? file : Url::file(file.path() + "." + kExtensions.front());
+}
+
+// What is selected once one of them has gone: the next, or the last.
+std::optional<std::string> neighbour(const std::vector<std::string>& ids, const std::string& id) {
+  const auto found = std::find(ids.begin(), ids.end(), id);
+  if (found == ids.end() || ids.size() < 2) return std::nullopt;
+  return std::next(found) == ids.end() ? *std::prev(found) : *std::next(found);
+}
+
+}  // namespace
+
+void OpenDocuments::keep(const Result<std::shared_ptr<Document>>& opened) {
+  std::erase_if(documents_, [](const auto& document) { return document.expired(); });
+  if (opened.ok()) documents_.push_back(opened.value());
+}
+
+void OpenDocuments::open(const Url& file, const Document::Opened& answer) {
+  for (const auto& weak : documents_) {
+    const auto document = weak.lock();
+    if (document && document->file() == file) return answer(document);
+  }
+  Document::open(file, [this, answer](const auto& opened) {
+    keep(opened);
+    answer(opened);
+  });
+}
+
+void OpenDocuments::create(const Url& file, const Document::Opened& answer) {
+  Document::create(file, [this, answer](const auto& opened) {
+    keep(opened);
+    answer(opened);
+  });
+}
+
+Workbench::Workbench(std::shared_ptr<Shelf> shelf, std::shared_ptr<OpenDocuments> documents,
+                     WindowActions actions)
+    : shelf_(std::move(shelf)), documents_(std::move(documents)), actions_(std::move(actions)) {}
+
+Workbench::~Workbench() = default;
+
+void Workbench::show(std::string sentence) {
+  failure = std::move(sentence);
+  sheet.set(Sheet::failure);
+}
+
+void Workbench::openProject(const Url& file) {
+  documents_->open(file, [weak = weak_from_this()](const auto& opened) {
+    if (const auto self = weak.lock()) self->take(opened);
+  });
+}
+
+void Workbench::chooseProject() {
+  ZQFileDialogs::open("Open project", "", kExtensions, std::nullopt,
+                      [weak = weak_from_this()](const Url& file) {
+                        if (const auto self = weak.lock()) self->openProject(file);
+                      });
+}
+
+void Workbench::newProject() {
+  ZQFileDialogs::save("New project", "", kExtensions, std::nullopt,
+                      [weak = weak_from_this()](const Url& file) {
+                        const auto self = weak.lock();
+                        if (!self) return;
+                        self->documents_->create(withExtension(file), [weak](const auto& opened) {
+                          if (const auto alive = weak.lock()) alive->take(opened);
+                        });
+                      });
+}
+
+void Workbench::take(const Result<std::shared_ptr<Document>>& opened) {
+  if (!opened.ok()) return show(opened.error().sentence);
+  const std::shared_ptr<Document>& document = opened.value();
+  // What a field of the last project still holds back is that project's.
+  ZQPressureTask::flushAll();
+  insight_ = Insight::of(document);
+  changes_ = document->didChange.connect([weak = weak_from_this()] {
+    if (const auto self = weak.lock()) self->documentChanged();
+  });
+  document_.set(document);
+  query.set("");
+  const auto content = document->content();
+  const auto groups = shownGroups(*content, "");
+  const auto& last = content->head.selectedGroupId;
+  const bool known = last && content->group(*last);
+  selectGroup(known ? last : groups.empty() ? std::nullopt : std::optional(groups.front()->id));
+  documentChanged();
+}
+
+void Workbench::documentChanged() {
+  const auto open = document();
+  shelf_->note(open->file(), open->content()->head.name);
+  if (titleChanged) titleChanged();
+  if (open->saveState() == SaveState::changedByOthers) {
+    sheet.set(Sheet::changedByOthers);
+  } else if (sheet.get() == Sheet::changedByOthers) {
+    sheet.set(Sheet::none);
+  }
+}
+
+void Workbench::close() {
+  ZQPressureTask::flushAll();
+  const auto open = document();
+  if (!open || open->saveState() == SaveState::saved) return actions_.closeWindow();
+  open->saveNow([weak = weak_from_this()](SaveState state) {
+    const auto self = weak.lock();
+    if (!self) return;
+    if (state == SaveState::saved) return self->actions_.closeWindow();
+    self->sheet.set(state == SaveState::changedByOthers ? Sheet::changedByOthers : Sheet::notSaved);
+  });
+}
+
+GroupPtr Workbench::group() const {
+  const auto open = document();
+  const auto id = groupId.get();
+  const GroupPtr found = open && id ? open->content()->group(*id) : nullptr;
+  return found && !found->shouldBeDeleted ? found : nullptr;
+}
+
+std::optional<ZQUICItem> Workbench::item() const {
+  const auto open = document();
+  const auto inGroup = groupId.get();
+  const auto id = itemId.get();
+  if (!open || !inGroup || !id) return std::nullopt;
+  return itemOf(*open->content(), *inGroup, *id);
+}
+
+void Workbench::selectGroup(const std::optional<std::string>& id) {
+  groupId.set(id);
+  itemId.set(std::nullopt);
+  const auto open = document();
+  if (open && open->content()->head.selectedGroupId != id) {
+    open->remember([&](ZQUICProject& head) { head.selectedGroupId = id; });
+  }
+  if (insight_) insight_->showCodeOf(id.value_or(""));
+}
+
+Binding<std::optional<std::string>> Workbench::selectedGroup() {
+  return {[self = shared_from_this()] { return self->groupId.get(); },
+          [self = shared_from_this()](const std::optional<std::string>& id) {
+            if (id != self->groupId.get()) self->selectGroup(id);
+          }};
+}
+
+Binding<std::optional<std::string>> Workbench::selectedItem() {
+  return {[self = shared_from_this()] { return self->itemId.get(); },
+          [self = shared_from_this()](const std::optional<std::string>& id) {
+            if (id == self->itemId.get()) return;
+            self->itemId.set(id);
+            if (id) self->pane.set(Pane::value);
+          }};
+}
+
+void Workbench::addGroup() {
+  const auto open = document();
+  if (!open) return;
+  std::string id;
+  open->edit("Add group",
+             [&](ProjectContent& content) { id = configurator::addGroup(content, groupId.get()); });
+  query.set("");
+  selectGroup(id);
+}
+
+void Workbench::addItem(ZQUICRecordType type) {
+  const auto open = document();
+  if (!open || !group()) return;
+  std::string id;
+  open->edit("Add value", [&](ProjectContent& content) {
+    id = configurator::addItem(content, *groupId.get(), type, itemId.get());
+  });
+  query.set("");
+  selectedItem().set(id);
+}
+
+void Workbench::duplicateGroup(const std::string& id) {
+  const auto open = document();
+  if (!open) return;
+  std::string copy;
+  open->edit("Duplicate group",
+             [&](ProjectContent& content) { copy = configurator::duplicateGroup(content, id); });
+  if (!copy.empty()) selectGroup(copy);
+}
+
+void Workbench::duplicateItem(const std::string& id) {
+  const auto open = document();
+  if (!open || !group()) return;
+  std::string copy;
+  open->edit("Duplicate value", [&](ProjectContent& content) {
+    copy = configurator::duplicateItem(content, *groupId.get(), id);
+  });
+  if (!copy.empty()) itemId.set(copy);
+}
+
+void Workbench::removeGroup(const std::string& id) {
+  const auto open = document();
+  if (!open) return;
+  std::vector<std::string> ids;
+  for (const GroupPtr& each : shownGroups(*open->content(), query.get())) ids.push_back(each->id);
+  open->edit("Delete group", [&](ProjectContent& content) { flagGroup(content, id); });
+  if (groupId.get() == id) selectGroup(neighbour(ids, id));
+}
+
+void Workbench::removeItem(const std::string& id) {
+  const auto open = document();
+  const GroupPtr in = group();
+  if (!open || !in) return;
+  std::vector<std::string> ids;
+  for (const ZQUICItem* each : shownItems(*in, query.get())) ids.push_back(each->id);
+  open->edit("Delete value", [&](ProjectContent& content) { flagItem(content, in->id, id); });
+  if (itemId.get() == id) itemId.set(neighbour(ids, id));
+}
+
+void Workbench::copyExpression() {
+  const auto chosen = item();
+  if (!chosen) return;
+  chosen->copyZQCValue(document()->content()->head.environmentObjectVarName, *group());
+}
+
+void Workbench::copyCall() {
+  const auto chosen = item();
+  if (chosen) chosen->copyValue(document()->content()->head.environmentObjectVarName);
+}
+
+void Workbench::copyEnvironmentObject() {
+  const auto open = document();
+  if (open) open->content()->head.copyEnviromentObject();
+}
+
+}  // namespace zq::configurator

@@ -28,10 +28,10 @@ struct Choices {
     return cards({
         card("Switch", switches),
         card("Picker", HStack({Text("Type"), picker})),
-        card("PushButton", buttons),
+        card("Push buttons", buttons),
         card("Light and dark",
-            lightAndDark(HStack({.spacing = 16},
-                {Switch("", follows.binding()), picker, buttons}))),
+            lightAndDark(HStack(
+                {.spacing = 16}, {Switch("", follows.binding()), picker}))),
         card("Disabled",
             HStack({.spacing = 16},
                 {Switch("Off limits", follows.binding()), picker})

@@ -15,6 +15,7 @@
 #include <zqswiftui/controls/icon_buttons.hpp>
 #include <zqswiftui/controls/menu.hpp>
 #include <zqswiftui/controls/number_field.hpp>
+#include <zqswiftui/controls/number_label.hpp>
 #include <zqswiftui/controls/picker.hpp>
 #include <zqswiftui/controls/push_button.hpp>
 #include <zqswiftui/controls/switch.hpp>

@@ -44,46 +44,42 @@ struct IntegerField : ViewModifiers<IntegerField> {
     const auto deferred = context.stateOf([&] { return ZQDeferredIntBinding::create(number_); });
     context.observe(*deferred);
     const Binding<std::int64_t> value = (*deferred)->value();
-    if (value.get() < -kExact || value.get() > kExact) {
-      return TextField("Value", value.map<std::string>(
-                                    [](const std::int64_t& n) { return std::to_string(n); },
-                                    [value](const std::string& text) {
-                                      return wholeNumber(text).value_or(value.get());
-                                    }))
-          .accessibilityLabel("Value");
-    }
-    return NumberField(
-        {.label = "Value",
-         .value = value.map<double>([](const std::int64_t& n) { return static_cast<double>(n); },
-                                    [](const double& n) { return static_cast<std::int64_t>(n); }),
-         .range = {.least = -static_cast<double>(kExact),
-                   .most = static_cast<double>(kExact),
-                   .decimals = 0}});
+    if (value.get() < -kExact || value.get() > kExact) return longInteger(value);
+    const auto number =
+        value.map<double>([](const std::int64_t& n) { return static_cast<double>(n); },
+                          [](const double& n) { return static_cast<std::int64_t>(n); });
+    const auto bound = static_cast<double>(kExact);
+    return numberWithCaption("Value", number, {.least = -bound, .most = bound, .decimals = 0});
   }
 
  private:
+  static View longInteger(const Binding<std::int64_t>& value) {
+    const auto text = value.map<std::string>(
+        [](const std::int64_t& n) { return std::to_string(n); },
+        [value](const std::string& typed) { return wholeNumber(typed).value_or(value.get()); });
+    return field("Value", TextField("Value", text).accessibilityLabel("Value"));
+  }
   Binding<std::int64_t> number_;
 };
 
 View coordinate(const std::string& name, const Binding<ZQUICPointSize>& point,
                 double ZQUICPointSize::*part) {
-  return field(name,
-               DeferredNumberField(
-                   name, point.map<double>([part](const ZQUICPointSize& p) { return p.*part; },
-                                           [point, part](const double& number) {
-                                             ZQUICPointSize next = point.get();
-                                             next.*part = number;
-                                             return next;
-                                           })));
+  return DeferredNumberField(name,
+                             point.map<double>([part](const ZQUICPointSize& p) { return p.*part; },
+                                               [point, part](const double& number) {
+                                                 ZQUICPointSize next = point.get();
+                                                 next.*part = number;
+                                                 return next;
+                                               }));
 }
 
 View editorOf(const ZQUICItem& item, const ItemAccess& access) {
   const std::string title = "Change value";
   switch (item.type) {
     case ZQUICRecordType::int_:
-      return field("Value", IntegerField(access(title, &ZQUICItem::intValue)));
+      return IntegerField(access(title, &ZQUICItem::intValue));
     case ZQUICRecordType::double_:
-      return field("Value", DeferredNumberField("Value", access(title, &ZQUICItem::doubleValue)));
+      return DeferredNumberField("Value", access(title, &ZQUICItem::doubleValue));
     case ZQUICRecordType::string:
       return field("Value", DeferredTextField("Value", access(title, &ZQUICItem::stringValue)));
     case ZQUICRecordType::bool_:
@@ -95,6 +91,29 @@ View editorOf(const ZQUICItem& item, const ItemAccess& access) {
     }
   }
   return EmptyView();
+}
+
+// Without a value the group itself.
+View groupForm(const std::shared_ptr<Workbench>& bench, const ZQUICGroup& group) {
+  const auto document = bench->document();
+  const Binding<std::string> name(
+      [document, id = group.id] {
+        const GroupPtr now = document->content()->group(id);
+        return now ? now->name : std::string();
+      },
+      [document, id = group.id](const std::string& text) {
+        document->edit(
+            "Rename group",
+            [&](ProjectContent& content) {
+              editGroup(content, id, [&](ZQUICGroup& each) { each.name = text; });
+            },
+            "Rename group " + id);
+      });
+  const std::size_t count = shownItems(group, "").size();
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 14},
+                {field("Group", DeferredTextField("Group", name).takingFocus(bench->renames.get())),
+                 Text(count == 1 ? "1 value" : std::to_string(count) + " values")
+                     .foregroundColor(Color::secondary())});
 }
 
 View typePicker(const ItemAccess& access) {
@@ -122,6 +141,13 @@ View problems(const std::vector<std::string>* sentences) {
       .background(RoundedRectangle(6).fill(Color::orange().opacity(0.15)));
 }
 
+View form(std::vector<View> parts) {
+  return ScrollView(
+      VStack({.alignment = HorizontalAlignment::leading, .spacing = 20}, std::move(parts))
+          .padding(16)
+          .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::topLeading()}));
+}
+
 View snippets(const std::shared_ptr<Workbench>& bench) {
   const auto copy = [](const std::string& title, std::function<void()> action) {
     return PushButton(title, {.symbol = "doc.on.doc", .action = std::move(action)});
@@ -141,20 +167,23 @@ View ItemPane::body(Context& context) const {
   context.observe(document);
   context.observe(bench_->insight());
   const auto item = bench_->item();
-  if (!item) return nothingHere("slider.horizontal.3", "No value is selected.");
-  const ItemAccess access{document, *bench_->groupId.get(), item->id};
+  const GroupPtr group = bench_->group();
+  if (!group) return nothingHere("slider.horizontal.3", "Nothing is selected.");
+  const auto findings = bench_->insight()->findings();
+  const std::string revision = " " + std::to_string(document->revision()) + " ";
+  if (!item) {
+    return form(
+        {groupForm(bench_, *group).id(group->id + revision), problems(findings->of(group->id))});
+  }
+  const ItemAccess access{document, group->id, item->id};
   // Another value, and one that was undone, has editors of its own.
-  const std::string editors = item->id + " " + std::to_string(document->revision()) + " " +
-                              std::string(rawValue(item->type));
-  const View form =
+  const std::string editors = item->id + revision + std::string(rawValue(item->type));
+  const View key = DeferredTextField("Key", access("Rename value", &ZQUICItem::key))
+                       .takingFocus(bench_->renames.get());
+  const View fields =
       VStack({.alignment = HorizontalAlignment::leading, .spacing = 14},
-             {field("Key", DeferredTextField("Key", access("Rename value", &ZQUICItem::key))),
-              field("Type", typePicker(access)), editorOf(*item, access)});
-  return ScrollView(VStack({.alignment = HorizontalAlignment::leading, .spacing = 20},
-                           {form.id(editors), problems(bench_->insight()->findings()->of(item->id)),
-                            snippets(bench_)})
-                        .padding(16)
-                        .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::topLeading()}));
+             {field("Key", key), field("Type", typePicker(access)), editorOf(*item, access)});
+  return form({fields.id(editors), problems(findings->of(item->id)), snippets(bench_)});
 }
 
 }  // namespace zq::configurator

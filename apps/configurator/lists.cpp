@@ -183,6 +183,7 @@ View GroupList::body(Context& context) const {
            .selection = bench->selectedGroup(),
            .label = [groups](std::size_t i) { return (*groups)[i]->name; },
            .onMove = onMove,
+           .onActivate = [bench](std::size_t) { bench->rename(); },
            .onDelete = [bench, idOf](std::size_t i) { bench->removeGroup(idOf(i)); },
            .menu =
                [bench, idOf](std::size_t i) {
@@ -226,6 +227,7 @@ View ItemList::body(Context& context) const {
                      .selection = bench->selectedItem(),
                      .label = [items, group](std::size_t i) { return (*items)[i]->key; },
                      .onMove = onMove,
+                     .onActivate = [bench](std::size_t) { bench->rename(); },
                      .onDelete = [bench, idOf](std::size_t i) { bench->removeItem(idOf(i)); },
                      .menu =
                          [bench, idOf](std::size_t i) {

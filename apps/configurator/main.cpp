@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QIcon>
 #include <apps/configurator/windows.hpp>
 #include <cstdio>
 #include <filesystem>
@@ -44,6 +45,8 @@ int main(int argc, char** argv) {
   QCoreApplication::setOrganizationDomain("zqswiftui.example");
   QCoreApplication::setApplicationName("zq-configurator");
   QGuiApplication::setDesktopFileName("zq-configurator");
+  const QString ownIcon = QCoreApplication::applicationDirPath() + "/zq-configurator.svg";
+  QGuiApplication::setWindowIcon(QIcon::fromTheme("zq-configurator", QIcon(ownIcon)));
   const zq::qt::Platform platform(app);
   zq::configurator::Windows windows;
   if (files.empty()) windows.open();

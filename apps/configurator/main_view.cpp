@@ -116,7 +116,7 @@ View editor(const std::shared_ptr<Workbench>& bench, const Binding<double>& grou
   const Binding<Pane> pane([bench] { return bench->pane.get(); },
                            [bench](const Pane& next) { bench->pane.set(next); });
   const Binding<std::string> query([bench] { return bench->query.get(); },
-                                   [bench](const std::string& text) { bench->query.set(text); });
+                                   [bench](const std::string& text) { bench->search(text); });
   const View right = VStack(
       {.spacing = 0}, {Tabs(pane).padding(6), hairline(false), paneOf(bench).flexFrame(kFill)});
   const View lists = SplitView({.leading = GroupList(bench),
@@ -126,6 +126,7 @@ View editor(const std::shared_ptr<Workbench>& bench, const Binding<double>& grou
   return VStack(
       {.spacing = 0},
       {SplitView({.leading = VStack({.spacing = 0}, {SearchField("Search groups and values", query)
+                                                         .takingFocus(bench->finds.get())
                                                          .padding(EdgeInsets::symmetric(8, 6)),
                                                      hairline(false), lists.flexFrame(kFill)}),
                   .trailing = right,

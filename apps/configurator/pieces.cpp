@@ -36,6 +36,14 @@ View toolButton(const std::string& symbol, const std::string& name, std::functio
       .opacity(enabled ? 1 : 0.35);
 }
 
+View numberWithCaption(const std::string& name, const Binding<double>& number, NumberRange range) {
+  const View caption = View(NumberLabel(name, {.value = number, .range = range}))
+                           .font(Font::caption())
+                           .foregroundColor(Color::secondary());
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 4},
+                {caption, NumberField({.label = name, .value = number, .range = range})});
+}
+
 View SearchField::body(Context&) const {
   const Binding<std::string> text = text_;
   std::vector<View> parts{Image::symbol("magnifyingglass").foregroundColor(Color::secondary()),
@@ -55,7 +63,7 @@ View DeferredTextField::body(Context& context) const {
 View DeferredNumberField::body(Context& context) const {
   const auto deferred = context.stateOf([&] { return ZQDeferredDoubleBinding::create(number_); });
   context.observe(*deferred);
-  return NumberField({.label = name_, .value = (*deferred)->value(), .range = {.decimals = 12}});
+  return numberWithCaption(name_, (*deferred)->value(), {.decimals = 12});
 }
 
 }  // namespace zq::configurator

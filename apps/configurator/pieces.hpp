@@ -17,6 +17,7 @@ View hairline(bool vertical);
 View heading(const std::string& text);
 // A caption and, below it, what is edited.
 View field(const std::string& caption, View editor);
+View numberWithCaption(const std::string& name, const Binding<double>& number, NumberRange range);
 // In the middle of a pane that has nothing to show.
 View nothingHere(const std::string& symbol, const std::string& sentence);
 
@@ -46,7 +47,7 @@ struct DeferredTextField : ViewModifiers<DeferredTextField> {
   Binding<std::string> text_;
 };
 
-// A number field whose owner hears at rest.
+// A number field whose owner hears at rest, and its caption, which is dragged.
 struct DeferredNumberField : ViewModifiers<DeferredNumberField> {
   DeferredNumberField(std::string name, Binding<double> number)
       : name_(std::move(name)), number_(std::move(number)) {}

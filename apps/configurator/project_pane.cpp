@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <apps/configurator/project_pane.hpp>
 #include <zqswiftui/platform/base/text.hpp>
+#include <zqswiftui/platform/base/zq_file_dialogs.hpp>
 #include <zqswiftui/platform/base/zq_pasteboard.hpp>
 
 namespace zq::configurator {
@@ -25,11 +26,25 @@ View defaults(const std::shared_ptr<Document>& document) {
   return VStack(
       {.alignment = HorizontalAlignment::leading, .spacing = 14},
       {heading("New values begin with"),
-       field("Number",
-             DeferredNumberField("Default number", ofHead(document, "Change default",
-                                                          &ZQUICProject::defaultDoubleValue))),
-       field("Integer", DeferredNumberField("Default integer", integer)),
+       DeferredNumberField("Number",
+                           ofHead(document, "Change default", &ZQUICProject::defaultDoubleValue)),
+       DeferredNumberField("Integer", integer),
        Switch("Flag", ofHead(document, "Change default", &ZQUICProject::defaultBoolValue))});
+}
+
+// The file may be there already, to be dropped, or is to be made.
+View swiftFile(const std::shared_ptr<Document>& document) {
+  const auto file = ofHead(document, "Change Swift file", &ZQUICProject::configSwiftFileUrl);
+  const auto choose = [file] {
+    ZQFileDialogs::save("Swift source", "", {"swift"}, std::nullopt,
+                        [file](const Url& url) { file.set(url); });
+  };
+  return VStack({.alignment = HorizontalAlignment::leading, .spacing = 6},
+                {ZQFileDragAreaWithLabel({.label = "Swift source",
+                                          .url = file,
+                                          .acceptedExtensions = {"swift"},
+                                          .promptString = "Drop a Swift file"}),
+                 PushButton("Choose a new file", {.action = choose})});
 }
 
 View problemsOf(const Findings& findings) {
@@ -87,11 +102,7 @@ View ProjectPane::body(Context& context) const {
        text("Environment variable", "Change environment variable",
             &ZQUICProject::environmentObjectVarName),
        field("Project file", Text(document->file().path()).foregroundColor(Color::secondary())),
-       ZQFileDragAreaWithLabel(
-           {.label = "Swift source",
-            .url = ofHead(document, "Change Swift file", &ZQUICProject::configSwiftFileUrl),
-            .acceptedExtensions = {"swift"}}),
-       defaults(document), problemsOf(*bench_->insight()->findings())});
+       swiftFile(document), defaults(document), problemsOf(*bench_->insight()->findings())});
   return ScrollView(form.id(editors).padding(16).flexFrame(
       {.maxWidth = kInfinity, .alignment = Alignment::topLeading()}));
 }

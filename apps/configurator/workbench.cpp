@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <apps/configurator/workbench.hpp>
 #include <zqswiftui/platform/base/pressure_task.hpp>
+#include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_file_dialogs.hpp>
 
 namespace zq::configurator {
@@ -196,6 +197,30 @@ Binding<std::optional<std::string>> Workbench::selectedItem() {
           }};
 }
 
+void Workbench::rename() {
+  pane.set(Pane::value);
+  // In the next turn of the event loop: what was just added has no field yet.
+  XMain::post([weak = weak_from_this()] {
+    const auto self = weak.lock();
+    if (self) self->renames.set(self->renames.get() + 1);
+  });
+}
+
+void Workbench::find() {
+  finds.set(finds.get() + 1);
+}
+
+void Workbench::search(const std::string& text) {
+  query.set(text);
+  const auto open = document();
+  if (!open) return;
+  const auto found = shownGroups(*open->content(), text);
+  const auto selected = groupId.get();
+  const bool isThere = std::any_of(found.begin(), found.end(),
+                                   [&](const GroupPtr& each) { return each->id == selected; });
+  if (!isThere && !found.empty()) selectGroup(found.front()->id);
+}
+
 void Workbench::addGroup() {
   const auto open = document();
   if (!open) return;
@@ -204,6 +229,7 @@ void Workbench::addGroup() {
              [&](ProjectContent& content) { id = configurator::addGroup(content, groupId.get()); });
   query.set("");
   selectGroup(id);
+  rename();
 }
 
 void Workbench::addItem(ZQUICRecordType type) {
@@ -215,6 +241,7 @@ void Workbench::addItem(ZQUICRecordType type) {
   });
   query.set("");
   selectedItem().set(id);
+  rename();
 }
 
 void Workbench::duplicateGroup(const std::string& id) {

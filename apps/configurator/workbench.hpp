@@ -63,6 +63,13 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
   Published<std::optional<std::string>> itemId{this};
   Published<std::string> query{this};
   Published<Pane> pane{this, Pane::value};
+  // Grow when the name of what is selected, or the search, is to have the focus.
+  Published<unsigned> renames{this, 0};
+  Published<unsigned> finds{this, 0};
+  void rename();
+  void find();
+  // Goes to the first group that is found where the selected one is not.
+  void search(const std::string& text);
   Published<Sheet> sheet{this, Sheet::none};
   std::string failure;  // of that sheet, a sentence
   std::function<void()> titleChanged = nullptr;

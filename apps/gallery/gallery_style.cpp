@@ -89,15 +89,4 @@ View Toggle::body(Context& context) const {
       .accessibility({.role = Role::toggle, .label = title, .checked = on});
 }
 
-View PushButton::body(Context& context) const {
-  auto hovered = context.state(false);
-  return Button(action,
-                Text(title)
-                    .font(Font::callout())
-                    .lineLimit(1)
-                    .padding(EdgeInsets::symmetric(12, 5))
-                    .background(Capsule().fill(Color::primary().opacity(*hovered ? 0.14 : 0.07))))
-      .onHover([hovered](bool inside) { hovered.set(inside); });
-}
-
 }  // namespace zq::gallery

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <vector>
+#include <zqswiftui/controls/push_button.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 
 namespace zq::gallery {
@@ -36,15 +37,6 @@ struct Toggle : ViewModifiers<Toggle> {
   std::string title;
   std::string symbol;
   Binding<bool> isOn;
-  View body(Context& context) const;
-};
-
-// A capsule with a text that does something.
-struct PushButton : ViewModifiers<PushButton> {
-  PushButton(std::string givenTitle, std::function<void()> givenAction)
-      : title(std::move(givenTitle)), action(std::move(givenAction)) {}
-  std::string title;
-  std::function<void()> action;
   View body(Context& context) const;
 };
 

@@ -7,6 +7,7 @@
 #include <zqswiftui/controls/menu.hpp>
 #include <zqswiftui/controls/number_field.hpp>
 #include <zqswiftui/controls/picker.hpp>
+#include <zqswiftui/controls/push_button.hpp>
 #include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/controls/zq_capsuled_text.hpp>
@@ -121,6 +122,8 @@ std::vector<std::pair<std::string, View>> controls() {
                            .shortcut = Shortcut::control("s"),
                            .checked = true}}}})},
       {"number", NumberField({.label = "Width", .value = Binding<double>::constant(2)})},
+      {"push buttons", HStack({PushButton("Copy", {.symbol = "doc.on.doc", .action = nullptr}),
+                               PushButton("Save", {.action = nullptr, .prominent = true})})},
       {"switch", Switch("Alpha", Binding<bool>::constant(true))},
       {"borderless", ZQBorderlessSmallButton("Add", {.systemImage = "plus", .action = nothing})},
       {"square", ZQLargeSquareButton("Pictures", {.systemImage = "star", .action = nothing})},

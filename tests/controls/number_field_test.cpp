@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <zqswiftui/controls/number_field.hpp>
+#include <zqswiftui/controls/number_label.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 
@@ -76,6 +77,27 @@ TEST(NumberField, isSteppedByKeysInTheFieldAndOnTheStepper) {
   EXPECT_EQ(valueOf(h), 20);
   h.key(Key::down);
   EXPECT_EQ(valueOf(h), 19);
+}
+
+TEST(NumberLabel, isDraggedToTheSideThatNumbersGrowTo) {
+  for (const LayoutDirection direction :
+       {LayoutDirection::leftToRight, LayoutDirection::rightToLeft}) {
+    double width = 10;
+    const Binding<double> value([&] { return width; }, [&](const double& to) { width = to; });
+    Harness h(View(NumberLabel("Width", {.value = value, .range = {.most = 14, .step = 0.5}}))
+                  .environment<LayoutDirectionKey>(direction),
+              {200, 40});
+    const Point at = h.findText("Width").center();
+    h.hover(h.findText("Width"));
+    EXPECT_EQ(h.cursor(), Cursor::resizeHorizontal);
+    const double sign = direction == LayoutDirection::leftToRight ? 1 : -1;
+    h.drag(at, {at.x + sign * 13, at.y});
+    EXPECT_EQ(width, 11.5) << "three whole steps from where it began";
+    h.drag(at, {at.x - sign * 8, at.y});
+    EXPECT_EQ(width, 10.5);
+    h.drag(at, {at.x + sign * 90, at.y});
+    EXPECT_EQ(width, 14);
+  }
 }
 
 TEST(Stepper, aHeldArrowGoesOnUntilItIsLetGo) {

@@ -93,6 +93,32 @@ struct Column {
   }
 };
 
+TEST(TakingFocus, goesToTheFirstPlaceInItWhenTheTurnIsAnother) {
+  const auto screen = [](unsigned turn) {
+    return VStack({Button(nullptr, Text("before")),
+                   VStack({Text("name"), Button(nullptr, Text("first")).disabled(turn == 3),
+                           Button(nullptr, Text("second"))})
+                       .takingFocus(turn)});
+  };
+  Harness h(screen(1), {200, 200});
+  const auto focused = [&] {
+    for (const char* name : {"before", "first", "second"}) {
+      if (h.find(Role::button, name).focused) return std::string(name);
+    }
+    return std::string();
+  };
+  EXPECT_EQ(focused(), "") << "not when it is first shown";
+  const auto turned = [&](unsigned turn) {
+    h.setRoot(screen(turn));
+    return focused();
+  };
+  EXPECT_EQ(turned(2), "first");
+  h.key(Key::tab);
+  EXPECT_EQ(turned(2), "second") << "the same turn leaves it where it is";
+  EXPECT_EQ(turned(3), "second") << "what is disabled takes none";
+  EXPECT_EQ(turned(4), "first");
+}
+
 TEST(Revealing, scrollsAsFarAsNeededEachTimeThatPartOrTurnIsAnother) {
   Rect seen;
   Harness h(Column{Rect{0, 150, 1, 20}, 0, &seen}, {40, 100});

@@ -42,7 +42,8 @@ View listLine(const ListLine& line) {
       mark.frame({.width = kMarkWidth, .growsWithText = true}),
       View(Text(line.title).lineLimit(1))
           .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()})};
-  if (!line.behind.empty()) parts.push_back(line.behind);
+  // What stands behind is not cut for the sake of a title that could give way.
+  if (!line.behind.empty()) parts.push_back(line.behind.layoutPriority(1));
   return HStack({.spacing = 4}, std::move(parts))
       .padding({.leading = kBeforeMark, .trailing = kListLinePadding})
       .frame({.height = kListLineHeight, .growsWithText = true})

@@ -17,11 +17,15 @@ constexpr double kSides = 12;
 constexpr double kDisabledOpacity = 0.4;
 
 Color groundOf(bool prominent, bool hovered) {
-  if (prominent) return Color::accent().opacity(hovered ? 0.9 : 1);
+  // The accent colour of light windows in dark ones too: white can be read on no lighter one.
+  if (prominent) return Color::hex(hovered ? 0x0a5be0 : 0x0a6cff);
   return Color::primary().opacity(hovered ? 0.14 : 0.08);
 }
 
 }  // namespace
+
+PushButton::PushButton(std::string title, std::function<void()> action)
+    : PushButton(std::move(title), Parameters{.action = std::move(action)}) {}
 
 PushButton::PushButton(std::string title, Parameters parameters)
     : title_(std::move(title)), parameters_(std::move(parameters)) {}

@@ -11,6 +11,7 @@ namespace zq {
 // The plain button of forms and dialogs: a title on a quiet ground, as wide as it needs and 28
 // points high, more with larger texts. One that is prominent, the answer that is expected, has the
 // accent colour. A null action does nothing. Interface thread only.
+//   PushButton("Later", close)
 //   PushButton("Save", {.action = save, .prominent = true}).keyboardShortcut(Key::enter)
 class PushButton : public ViewModifiers<PushButton> {
  public:
@@ -19,6 +20,7 @@ class PushButton : public ViewModifiers<PushButton> {
     Required<std::function<void()>> action;
     bool prominent = false;
   };
+  PushButton(std::string title, std::function<void()> action);
   PushButton(std::string title, Parameters parameters);
 
   View body(Context& context) const;

@@ -2,6 +2,7 @@
 #include <apps/gallery/gallery_page.hpp>
 #include <apps/gallery/gallery_style.hpp>
 #include <zqswiftui/controls/number_field.hpp>
+#include <zqswiftui/controls/number_label.hpp>
 
 namespace zq::gallery {
 namespace {
@@ -25,6 +26,13 @@ struct Numbers {
         card("NumberField, 0.1 to 8",
             VStack({.alignment = HorizontalAlignment::leading},
                 {HStack({Text("Zoom"), field}), line})),
+        card("NumberLabel, dragged to the side",
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 4},
+                {NumberLabel("Zoom",
+                     {.value = zoom.binding(),
+                         .range = {.least = 0.1, .most = 8, .step = 0.1}}),
+                    field})),
         card("Stepper",
             HStack({Text(std::to_string(static_cast<int>(*copies)) +
                          (*copies == 1 ? " copy" : " copies")),

@@ -111,6 +111,9 @@ class ViewModifiers {
   // Scrolls the views around it as far as needed to show the part, in points of this view, when it
   // is first shown, and each time that the part or the turn is another.
   View revealing(std::optional<Rect> part, unsigned turn = 0) const;
+  // Gives the focus to the first place of Tab in it, each time that the turn is another than that
+  // of the frame before.
+  View takingFocus(unsigned turn) const;
   template <std::equality_comparable T>
   View onChange(T value, std::type_identity_t<std::function<void(const T&)>> action) const;
 
@@ -173,6 +176,7 @@ View onDisappear(View view, std::function<void()> action);
 View onVisibility(View view, std::function<void(bool)> action);
 View onVisiblePart(View view, std::function<void(const Rect&)> action);
 View revealing(View view, const std::optional<Rect>& part, unsigned turn);
+View takingFocus(View view, unsigned turn);
 // A value to watch, without its type.
 class Watched {
  public:

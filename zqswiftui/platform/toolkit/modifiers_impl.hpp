@@ -181,6 +181,10 @@ View ViewModifiers<S>::revealing(std::optional<Rect> part, unsigned turn) const 
   return modify::revealing(view(), part, turn);
 }
 template <class S>
+View ViewModifiers<S>::takingFocus(unsigned turn) const {
+  return modify::takingFocus(view(), turn);
+}
+template <class S>
 View ViewModifiers<S>::accessibility(Accessibility info) const {
   return modify::accessibility(view(), std::move(info));
 }

@@ -97,7 +97,31 @@ class RevealNode final : public ModifierNode<RevealValue> {
   }
 };
 
+class FocusTurnNode;
+
+class FocusTurnValue final : public ModifierValue<FocusTurnValue, FocusTurnNode> {
+ public:
+  FocusTurnValue(View givenChild, unsigned givenTurn)
+      : ModifierValue(std::move(givenChild)), turn(givenTurn) {}
+  unsigned turn;
+};
+
+class FocusTurnNode final : public ModifierNode<FocusTurnValue> {
+ public:
+  using ModifierNode::ModifierNode;
+  std::string debugName() const override { return "TakingFocus"; }
+
+ protected:
+  void changed(const FocusTurnValue& was, const FocusTurnValue& now) override {
+    if (was.turn != now.turn) tree().later(*this, [this] { tree().focus().enter(*this); });
+  }
+};
+
 }  // namespace
+
+View modify::takingFocus(View view, unsigned turn) {
+  return View::make<FocusTurnValue>(std::move(view), turn);
+}
 
 View modify::onVisibility(View view, std::function<void(bool)> action) {
   if (!action) return view;

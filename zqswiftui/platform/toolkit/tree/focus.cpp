@@ -58,6 +58,12 @@ bool offerKey(Node& node, const KeyEvent& event) {
 
 }  // namespace
 
+void FocusController::enter(Node& within) {
+  Stops stops;
+  collect(within, nullptr, stops);
+  if (!stops.nodes.empty()) set(stops.nodes.front(), Ring::shown);
+}
+
 void FocusController::set(Node* node, Ring ring) {
   const bool shown = ring == Ring::shown;
   lost_ = nullptr;

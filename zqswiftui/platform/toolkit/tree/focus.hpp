@@ -19,6 +19,7 @@ class FocusController {
   bool showsRing(const Node& node) const { return focused_ == &node && windowFocused_ && ring_; }
   bool isIn(const Node& node) const;  // in a window that has it
   void set(Node* node, Ring ring);
+  void enter(Node& within);   // its first place, where it has one
   bool next(bool backwards);  // false at the end: nothing is focused then
   bool key(const KeyEvent& event);
   void setWindowFocused(bool focused);

@@ -39,7 +39,15 @@ Document::Document(Url file, std::shared_ptr<ProjectFile> onDisk, const ZQUICPro
       onDisk_(std::move(onDisk)),
       content_(this, ProjectContent::of(project)) {}
 
-Document::~Document() = default;
+// A normal end loses nothing. Nobody is left who could be asked about changes by others.
+Document::~Document() {
+  if (!saveTimer_.isActive()) return;
+  Saves::post([content = content_.snapshot(), onDisk = onDisk_] {
+    const ZQUICProject project = content->project();
+    const auto written = onDisk->write(project, false);
+    if (written.ok() && written.value() == ProjectFile::Written::yes) project.broadcast();
+  });
+}
 
 void Document::answerWith(const Url& file, const std::shared_ptr<ProjectFile>& onDisk,
                           const Result<ZQUICProject>& project, const Opened& answer) {
@@ -89,7 +97,9 @@ void Document::foundChanged(const ProjectFile::Found& found) {
     failure_.clear();
     return saveState_.set(SaveState::changedByOthers);
   }
-  Saves::post([onDisk = onDisk_, found] { onDisk->takeOver(found); });
+  if (found.project.ok()) {
+    Saves::post([onDisk = onDisk_, found] { onDisk->takeOver(found); });
+  }
   adopt(found.project);
 }
 
@@ -99,11 +109,17 @@ void Document::adopt(const Result<ZQUICProject>& project) {
     failure_ = project.error().sentence;
     return saveState_.set(SaveState::changedByOthers);
   }
-  done_.push_back({"Change by another program", {}, *content_.snapshot()});
-  undone_.clear();
+  addStep("Change by another program", {});
   saveTimer_.stop();
   saveState_.set(SaveState::saved);
   replace(ProjectContent::of(project.value()));
+}
+
+// Before the content becomes another.
+void Document::addStep(const std::string& title, const std::string& key) {
+  done_.push_back({title, key, *content_.snapshot()});
+  if (done_.size() > kMostSteps) done_.pop_front();
+  undone_.clear();
 }
 
 void Document::replace(ProjectContent content) {
@@ -121,9 +137,7 @@ void Document::edit(const std::string& title, const std::function<void(ProjectCo
   const bool goesOn = !key.empty() && undone_.empty() && !done_.empty() &&
                       done_.back().key == key && now - lastEdit_ < kOneStep;
   lastEdit_ = now;
-  if (!goesOn) done_.push_back({title, key, *before});
-  if (done_.size() > kMostSteps) done_.pop_front();
-  undone_.clear();
+  if (!goesOn) addStep(title, key);
   content_.set(std::move(after));
   scheduleSave();
 }

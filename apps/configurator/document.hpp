@@ -59,6 +59,7 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
   static void answerWith(const Url& file, const std::shared_ptr<ProjectFile>& onDisk,
                          const Result<ZQUICProject>& project, const Opened& answer);
   void follow();
+  void addStep(const std::string& title, const std::string& key);
   void replace(ProjectContent content);
   void step(std::deque<Step>& from, std::deque<Step>& to);
   void scheduleSave();

@@ -112,10 +112,12 @@ void Insight::workOut() {
     Queue::execute(false, [weak, content, otherContent, groupId = self->groupId_] {
       auto code = codeOf(*content, groupId);
       auto findings = otherContent ? std::optional(findingsIn(*content)) : std::nullopt;
-      XMain::post([weak, content, code = std::move(code), findings = std::move(findings)] {
+      XMain::post([weak, content, groupId, code = std::move(code), findings = std::move(findings)] {
         const auto alive = weak.lock();
         if (!alive || alive->seen_ != content) return;
-        if (*alive->code_.snapshot() != code) alive->code_.set(code);
+        // The code of a group that was selected since may have come first.
+        const bool stillWanted = alive->seenGroupId_ == groupId;
+        if (stillWanted && *alive->code_.snapshot() != code) alive->code_.set(code);
         if (findings && *alive->findings_.snapshot() != *findings) alive->findings_.set(*findings);
       });
     });

@@ -80,12 +80,11 @@ void renewIds(ZQUICGroup& group) {
 ProjectContent ProjectContent::of(const ZQUICProject& project) {
   ProjectContent content;
   content.head = project.withGroups({});
-  std::unordered_set<std::string> groupIds;
+  std::unordered_set<std::string> ids;
   for (ZQUICGroup group : project.groupList()) {
-    if (!groupIds.insert(group.id).second) group.id = newSettingsId();
-    std::unordered_set<std::string_view> itemIds;
+    if (!ids.insert(group.id).second) group.id = newSettingsId();
     for (ZQUICItem& item : group.itemList) {
-      if (!itemIds.insert(item.id).second) item.id = newSettingsId();
+      if (!ids.insert(item.id).second) item.id = newSettingsId();
     }
     content.groups.push_back(std::make_shared<const ZQUICGroup>(std::move(group)));
   }
@@ -117,7 +116,7 @@ GroupPtr ProjectContent::group(std::string_view id) const {
 std::optional<ZQUICItem> itemOf(const ProjectContent& content, std::string_view groupId,
                                 std::string_view itemId) {
   const GroupPtr group = content.group(groupId);
-  if (!group) return std::nullopt;
+  if (!group || group->shouldBeDeleted) return std::nullopt;
   const auto item = find(group->itemList, itemId);
   if (item == group->itemList.end() || item->shouldBeDeleted) return std::nullopt;
   return *item;

@@ -29,7 +29,7 @@ struct ProjectContent {
   GroupPtr group(std::string_view id) const;  // null where there is none
 };
 
-// Absent where there is none, or it is flagged.
+// Absent where there is none, or it or its group is flagged.
 std::optional<ZQUICItem> itemOf(const ProjectContent& content, std::string_view groupId,
                                 std::string_view itemId);
 

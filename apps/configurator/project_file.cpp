@@ -33,14 +33,18 @@ Result<ZQUICProject> ProjectFile::read() {
 
 std::optional<ProjectFile::Found> ProjectFile::look() const {
   const auto text = readTextFile(url_.path(), longestProject);
-  if (!text.ok() || !isOthers(text.value())) return std::nullopt;
+  if (!text.ok()) {
+    return fu_fileExists(url_) ? std::optional(Found{text.error(), 0}) : std::nullopt;
+  }
+  if (!isOthers(text.value())) return std::nullopt;
   return Found{decoded(text.value()), hashOf(text.value())};
 }
 
 Result<ProjectFile::Written> ProjectFile::write(ZQUICProject project, bool whateverIsThere) {
   if (!whateverIsThere) {
     const auto text = readTextFile(url_.path(), longestProject);
-    if (text.ok() && isOthers(text.value())) return Written::changedByOthers;
+    // What cannot be read was not there when this program wrote.
+    if (text.ok() ? isOthers(text.value()) : fu_fileExists(url_)) return Written::changedByOthers;
   }
   project.configFileUrl = url_;
   const auto json = encodeProject(project, JsonStyle::pretty);

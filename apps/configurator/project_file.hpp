@@ -23,7 +23,7 @@ class ProjectFile {
     Result<ZQUICProject> project;
     std::size_t text;  // a hash
   };
-  // Absent where the file is as this program knows it, or gone.
+  // Absent where the file is as this program knows it, or gone. One that cannot be read is others'.
   std::optional<Found> look() const;
   void takeOver(const Found& found) { known_ = found.text; }
   // With the generated Swift source, where the project names a file for it; an error where that

@@ -20,7 +20,7 @@ View sheet(const std::string& title, const std::string& text, const std::vector<
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
                 {heading(title), Text(text), HStack({.spacing = 8}, std::move(buttons))})
       .padding(16)
-      .frame({.width = 420});
+      .frame({.width = 420, .growsWithText = true});
 }
 
 View contentOf(const std::shared_ptr<Workbench>& bench) {

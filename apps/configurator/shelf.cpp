@@ -22,7 +22,7 @@ std::optional<ShelfEntry> entryOf(const std::string& line) {
   const std::size_t second = line.find(' ', first + 1);
   if (first == std::string::npos || first < 3 || second == std::string::npos) return std::nullopt;
   const auto file = Url::parse(line.substr(first + 1, second - first - 1));
-  if (!file || !file->isFile()) return std::nullopt;
+  if (!file || !file->isFile() || !file->path().starts_with('/')) return std::nullopt;
   ShelfEntry entry{*file, line.substr(second + 1), line[0] == 'f', line[1] == 'h'};
   std::from_chars(line.data() + 2, line.data() + first, entry.color);
   if (entry.color >= shelfColors().size()) entry.color = 0;

@@ -23,27 +23,44 @@ std::optional<std::string> neighbour(const std::vector<std::string>& ids, const 
 
 }  // namespace
 
-void OpenDocuments::keep(const Result<std::shared_ptr<Document>>& opened) {
-  std::erase_if(documents_, [](const auto& document) { return document.expired(); });
-  if (opened.ok()) documents_.push_back(opened.value());
+std::shared_ptr<Document> OpenDocuments::find(const Url& file) const {
+  for (const auto& weak : documents_) {
+    const auto document = weak.lock();
+    if (document && document->file() == file) return document;
+  }
+  return nullptr;
+}
+
+OpenDocuments::Opening* OpenDocuments::opening(const Url& file) {
+  const auto found = std::find_if(opening_.begin(), opening_.end(),
+                                  [&](const Opening& each) { return each.file == file; });
+  return found == opening_.end() ? nullptr : &*found;
+}
+
+Document::Opened OpenDocuments::keep(const Url& file, const Document::Opened& answer) {
+  opening_.push_back({file, {answer}});
+  return [weak = weak_from_this(), file](const auto& opened) {
+    const auto self = weak.lock();
+    if (!self) return;
+    std::erase_if(self->documents_, [](const auto& document) { return document.expired(); });
+    if (opened.ok()) self->documents_.push_back(opened.value());
+    const std::vector<Document::Opened> answers = std::move(self->opening(file)->answers);
+    std::erase_if(self->opening_, [&](const Opening& each) { return each.file == file; });
+    for (const auto& each : answers) each(opened);
+  };
 }
 
 void OpenDocuments::open(const Url& file, const Document::Opened& answer) {
-  for (const auto& weak : documents_) {
-    const auto document = weak.lock();
-    if (document && document->file() == file) return answer(document);
-  }
-  Document::open(file, [this, answer](const auto& opened) {
-    keep(opened);
-    answer(opened);
-  });
+  if (const auto document = find(file)) return answer(document);
+  if (Opening* const same = opening(file)) return same->answers.push_back(answer);
+  Document::open(file, keep(file, answer));
 }
 
 void OpenDocuments::create(const Url& file, const Document::Opened& answer) {
-  Document::create(file, [this, answer](const auto& opened) {
-    keep(opened);
-    answer(opened);
-  });
+  if (find(file) || opening(file)) {
+    return answer(Error{file.path() + " is open; close it first, or choose another name."});
+  }
+  Document::create(file, keep(file, answer));
 }
 
 Workbench::Workbench(std::shared_ptr<Shelf> shelf, std::shared_ptr<OpenDocuments> documents,
@@ -83,14 +100,29 @@ void Workbench::newProject() {
 
 void Workbench::take(const Result<std::shared_ptr<Document>>& opened) {
   if (!opened.ok()) return show(opened.error().sentence);
-  const std::shared_ptr<Document>& document = opened.value();
-  // What a field of the last project still holds back is that project's.
+  // What a field of the last project still holds back is that project's, and must be safe before
+  // the window shows another.
   ZQPressureTask::flushAll();
+  const auto last = document();
+  if (!last || last == opened.value() || last->saveState() == SaveState::saved) {
+    return present(opened.value());
+  }
+  last->saveNow([weak = weak_from_this(), last, next = opened.value()](SaveState state) {
+    const auto self = weak.lock();
+    if (!self) return;
+    if (state == SaveState::saved) return self->present(next);
+    if (state == SaveState::changedByOthers) return self->sheet.set(Sheet::changedByOthers);
+    self->show("What is open could not be saved before: " + last->saveFailure());
+  });
+}
+
+void Workbench::present(const std::shared_ptr<Document>& document) {
   insight_ = Insight::of(document);
   changes_ = document->didChange.connect([weak = weak_from_this()] {
     if (const auto self = weak.lock()) self->documentChanged();
   });
   document_.set(document);
+  shelf_->note(document->file(), document->content()->head.name);
   query.set("");
   const auto content = document->content();
   const auto groups = shownGroups(*content, "");
@@ -102,7 +134,8 @@ void Workbench::take(const Result<std::shared_ptr<Document>>& opened) {
 
 void Workbench::documentChanged() {
   const auto open = document();
-  shelf_->note(open->file(), open->content()->head.name);
+  // One that the user has taken off the shelf stays off.
+  shelf_->edit(open->file(), [&](ShelfEntry& entry) { entry.name = open->content()->head.name; });
   if (titleChanged) titleChanged();
   if (open->saveState() == SaveState::changedByOthers) {
     sheet.set(Sheet::changedByOthers);

@@ -19,15 +19,24 @@ struct WindowActions {
   std::function<void()> quit = nullptr;         // asks every window to close
 };
 
-// The projects that are open in any window: one document a file.
-class OpenDocuments {
+// The projects that are open in any window: one document a file. Interface thread only.
+class OpenDocuments : public std::enable_shared_from_this<OpenDocuments> {
  public:
   void open(const Url& file, const Document::Opened& answer);
+  // An error where that file is open: its windows would lose what they show.
   void create(const Url& file, const Document::Opened& answer);
 
  private:
-  void keep(const Result<std::shared_ptr<Document>>& opened);
+  struct Opening {
+    Url file;
+    std::vector<Document::Opened> answers;
+  };
+  std::shared_ptr<Document> find(const Url& file) const;
+  Opening* opening(const Url& file);
+  Document::Opened keep(const Url& file, const Document::Opened& answer);
+
   std::vector<std::weak_ptr<Document>> documents_;
+  std::vector<Opening> opening_;
 };
 
 // One window: its project, what is selected and what is asked. Interface thread only.
@@ -83,6 +92,7 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
 
  private:
   void take(const Result<std::shared_ptr<Document>>& opened);
+  void present(const std::shared_ptr<Document>& document);
   void show(std::string sentence);
   void selectGroup(const std::optional<std::string>& id);
   void documentChanged();

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // What a screen reader does, in a process of its own: walks an application's tree over the
-// accessibility bus, prints a line for each element, and presses the one that is named.
+// accessibility bus, prints a line for each element, with the middle of its place on the screen,
+// and presses the one that is named.
 //   accessibility_reader APPLICATION [NAME]
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -54,6 +55,17 @@ class Bus {
     const auto answer = call(e, "org.a11y.atspi.Accessible", "GetRoleName", {});
     return answer.arguments().isEmpty() ? QString() : answer.arguments().constFirst().toString();
   }
+  // "@ x y"
+  std::string place(const Element& e) const {
+    const auto answer = call(e, "org.a11y.atspi.Component", "GetExtents", {0U});
+    if (answer.type() == QDBusMessage::ErrorMessage || answer.arguments().isEmpty()) return "";
+    const auto extents = answer.arguments().constFirst().value<QDBusArgument>();
+    int x = 0, y = 0, width = 0, height = 0;
+    extents.beginStructure();
+    extents >> x >> y >> width >> height;
+    extents.endStructure();
+    return "@ " + std::to_string(x + width / 2) + " " + std::to_string(y + height / 2);
+  }
   bool press(const Element& e) const {
     const auto answer = call(e, "org.a11y.atspi.Action", "DoAction", {0});
     return !answer.arguments().isEmpty() && answer.arguments().constFirst().toBool();
@@ -82,7 +94,8 @@ bool walk(const Bus& bus, const Element& e, const QString& press, int depth) {
   const QString name = bus.name(e);
   const QString role = bus.role(e);
   std::cout << std::string(static_cast<std::size_t>(depth) * 2, ' ') << role.toStdString() << " '"
-            << name.toStdString() << "' " << bus.description(e).toStdString() << '\n';
+            << name.toStdString() << "' " << bus.description(e).toStdString() << ' ' << bus.place(e)
+            << '\n';
   bool pressed = !press.isEmpty() && name == press && role.contains("button") && bus.press(e);
   for (const Element& child : bus.children(e)) {
     pressed = walk(bus, child, press, depth + 1) || pressed;

@@ -94,7 +94,14 @@ void FocusController::moved(Node* from) {
 bool FocusController::next(bool backwards) {
   const Node* place = focused_ ? focused_ : lost_;
   Stops stops;
-  collect(tree_.root(), place, stops);
+  // A bubble that has places of its own keeps Tab to them while it is open.
+  Node* bubble = tree_.popovers().top();
+  if (bubble) collect(*bubble, place, stops);
+  if (stops.nodes.empty()) {
+    collect(tree_.root(), place, stops);
+  } else if (place && !place->isIn(*bubble)) {
+    place = nullptr;
+  }
   const std::size_t count = stops.nodes.size();
   // Of what can be reached no longer, the first place behind it is the next one.
   std::size_t next = backwards ? stops.before - 1 : stops.before;

@@ -1,5 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/gallery/gallery_style.hpp>
+#include <cmath>
 #include <zqswiftui/layout/flow_layout.hpp>
 
 namespace zq::gallery {
@@ -18,6 +20,57 @@ View panel(const std::string& caption, View view) {
           .padding(12)
           .flexFrame({.maxWidth = kInfinity, .alignment = Alignment::topLeading()}),
       8);
+}
+
+// Two views in halves of the width, one below the other where one of them takes more than its half.
+class HalvesLayout : public Layout {
+ public:
+  Size sizeThatFits(const ProposedSize& proposal, const Subviews& subviews) const override {
+    const double width = widthFor(proposal, subviews);
+    const bool beside = besideEachOther(width, subviews);
+    double height = 0;
+    for (std::size_t i = 0; i < subviews.size(); ++i) {
+      const double one = subviews[i].sizeThatFits({beside ? half(width) : width, {}}).height;
+      height = beside ? std::max(height, one) : height + one + (i > 0 ? kBetween : 0);
+    }
+    return {width, height};
+  }
+  void placeSubviews(const Rect& bounds, const ProposedSize&,
+                     const Subviews& subviews) const override {
+    const bool beside = besideEachOther(bounds.width, subviews);
+    Point at = bounds.origin();
+    for (std::size_t i = 0; i < subviews.size(); ++i) {
+      ProposedSize offer{bounds.width, std::nullopt};
+      if (beside) offer = {half(bounds.width), bounds.height};
+      subviews[i].place(at, UnitPoint::topLeading(), offer);
+      if (beside) {
+        at.x += half(bounds.width) + kBetween;
+      } else {
+        at.y += subviews[i].sizeThatFits(offer).height + kBetween;
+      }
+    }
+  }
+  bool equals(const Layout&) const override { return true; }
+
+ private:
+  static constexpr double kBetween = 12;
+  static double half(double width) { return std::max(0.0, (width - kBetween) / 2); }
+  static double widthFor(const ProposedSize& proposal, const Subviews& subviews) {
+    if (proposal.width && std::isfinite(*proposal.width)) return *proposal.width;
+    double widest = 0;
+    for (const Size& size : subviews.idealSizes()) widest = std::max(widest, size.width);
+    return 2 * widest + kBetween;
+  }
+  static bool besideEachOther(double width, const Subviews& subviews) {
+    for (std::size_t i = 0; i < subviews.size(); ++i) {
+      if (subviews[i].sizeThatFits({half(width), {}}).width > half(width) + 0.5) return false;
+    }
+    return true;
+  }
+};
+
+View halves(View first, View second) {
+  return LayoutView(HalvesLayout(), {std::move(first), std::move(second)});
 }
 
 }  // namespace
@@ -51,23 +104,23 @@ View note(const std::string& text) {
 }
 
 View row(const std::string& name, View value) {
-  return HStack({.spacing = 12}, {Text(name)
-                                      .foregroundColor(Color::secondary())
-                                      .frame({.width = 130, .alignment = Alignment::leading()}),
-                                  std::move(value)});
+  return HStack(
+      {.spacing = 12},
+      {Text(name)
+           .foregroundColor(Color::secondary())
+           .frame({.width = 130, .alignment = Alignment::leading(), .growsWithText = true}),
+       std::move(value)});
 }
 
 View lightAndDark(View view) {
-  return HStack({.spacing = 12},
-                {panel("Light", view).environment<ColorSchemeKey>(ColorScheme::light),
-                 panel("Dark", view).environment<ColorSchemeKey>(ColorScheme::dark)});
+  return halves(panel("Light", view).environment<ColorSchemeKey>(ColorScheme::light),
+                panel("Dark", view).environment<ColorSchemeKey>(ColorScheme::dark));
 }
 
 View bothDirections(View view) {
-  return HStack(
-      {.spacing = 12},
-      {panel("Left to right", view).environment<LayoutDirectionKey>(LayoutDirection::leftToRight),
-       panel("Right to left", view).environment<LayoutDirectionKey>(LayoutDirection::rightToLeft)});
+  return halves(
+      panel("Left to right", view).environment<LayoutDirectionKey>(LayoutDirection::leftToRight),
+      panel("Right to left", view).environment<LayoutDirectionKey>(LayoutDirection::rightToLeft));
 }
 
 View onDark(View view) {

@@ -23,9 +23,9 @@ View note(const std::string& text);
 // A name and a value, or a control, in columns that line up from row to row.
 View row(const std::string& name, View value);
 
-// The same view in light and in dark, side by side.
+// The same view in light and in dark, side by side where there is room for both.
 View lightAndDark(View view);
-// The same view from left to right and from right to left.
+// The same view from left to right and from right to left, the same way.
 View bothDirections(View view);
 // A dark ground, for what is drawn in white.
 View onDark(View view);

@@ -93,7 +93,11 @@ int run(int argc, char** argv, const Options& options) {
   given.server = std::make_shared<const PictureServer>();
   if (!options.snapshot) return showWindow(page.value(), given);
   const std::optional<std::size_t> only = options.page ? std::optional(page.value()) : std::nullopt;
-  const zq::Result<void> painted = paintPages(*options.snapshot, only, given);
+  const zq::Result<void> painted =
+      paintPages(*options.snapshot, only, given,
+                 {.layoutDirection = options.rightToLeft ? zq::LayoutDirection::rightToLeft
+                                                         : zq::LayoutDirection::leftToRight,
+                  .textScale = options.textScale});
   return painted.ok() ? 0 : fail(painted.error().sentence, 1);
 }
 

@@ -15,12 +15,14 @@ struct OptionRow {
   std::string_view what;
 };
 
-constexpr std::array<OptionRow, 7> kRows = {{
+constexpr std::array<OptionRow, 9> kRows = {{
     {"--page", "NAME", "open that page; with --snapshot, paint it alone"},
     {"--words", "FILE", "show the words of that text file on the tags page"},
     {"--max-words", "N", "show at most N of them (10000)"},
     {"--pictures", "DIR", "show the first 500 pictures of that folder on the wall"},
     {"--snapshot", "DIR", "paint every page into DIR, light and dark; needs no display"},
+    {"--text-scale", "N", "with --snapshot, texts of that size, 0.5 to 4"},
+    {"--right-to-left", "", "with --snapshot, mirrored"},
     {"--list", "", "print the names of the pages"},
     {"--help", "", "print this"},
 }};
@@ -36,6 +38,16 @@ Result<std::size_t> readCount(const std::string& text) {
   return count;
 }
 
+Result<double> readTextScale(const std::string& text) {
+  double scale = 0;
+  const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), scale);
+  const bool whole = fault == std::errc() && end == text.data() + text.size();
+  if (!whole || !(scale >= 0.5 && scale <= 4)) {
+    return Error{"--text-scale takes a number from 0.5 to 4, not \"" + text + "\"."};
+  }
+  return scale;
+}
+
 Result<void> apply(Options& options, std::string_view name, std::string value) {
   if (value.empty()) return Error{std::string(name) + " needs a value; see --help."};
   if (name == "--page") {
@@ -46,6 +58,10 @@ Result<void> apply(Options& options, std::string_view name, std::string value) {
     options.pictures = std::move(value);
   } else if (name == "--snapshot") {
     options.snapshot = std::move(value);
+  } else if (name == "--text-scale") {
+    const Result<double> scale = readTextScale(value);
+    if (!scale.ok()) return scale.error();
+    options.textScale = scale.value();
   } else {
     const Result<std::size_t> count = readCount(value);
     if (!count.ok()) return count.error();
@@ -66,6 +82,10 @@ Result<Options> readOptions(std::span<const std::string_view> arguments) {
     }
     if (name == "--list") {
       options.list = true;
+      continue;
+    }
+    if (name == "--right-to-left") {
+      options.rightToLeft = true;
       continue;
     }
     std::optional<std::string> value;
@@ -97,7 +117,7 @@ std::string helpText(bool coloured) {
             std::string(row.what) + "\n";
   }
   return text + "\n" + bold + "Keys" + plain +
-         "\n  Up and Down change the page, Tab moves the focus, Space presses.\n";
+         "\n  Up and Down change the page, Ctrl+F searches, Tab moves the focus, Space presses.\n";
 }
 
 }  // namespace zq::gallery

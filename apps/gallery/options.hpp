@@ -18,6 +18,8 @@ struct Options {
   std::size_t mostWords = kMostWords;
   std::optional<std::string> pictures;
   std::optional<std::string> snapshot;
+  double textScale = 1;  // of the pictures
+  bool rightToLeft = false;
 };
 
 // What stands on the command line, without the program's name. "--page NAME" and "--page=NAME"

@@ -26,9 +26,10 @@ struct Picture {
   double settles = 0;
 };
 
-Size sheetSize(const View& view) {
+Size sheetSize(const View& view, const AppearanceValues& appearance) {
   NoWindow window;
   ViewHost host(view, window);
+  host.setAppearance(appearance);
   const Size wanted = host.sizeThatFits(ProposedSize::unspecified());
   return {std::clamp(wanted.width, kLeastSheet.width, kMostSheet.width),
           std::clamp(wanted.height, kLeastSheet.height, kMostSheet.height)};
@@ -49,7 +50,7 @@ std::vector<Picture> pictures(std::optional<std::size_t> only, const Given& give
 }  // namespace
 
 Result<void> paintPages(const std::string& folder, std::optional<std::size_t> only,
-                        const Given& given) {
+                        const Given& given, AppearanceValues appearance) {
   std::error_code fault;
   std::filesystem::create_directories(folder, fault);
   if (!std::filesystem::is_directory(folder, fault)) {
@@ -59,13 +60,13 @@ Result<void> paintPages(const std::string& folder, std::optional<std::size_t> on
   const std::size_t total = all.size() * 2;
   std::size_t done = 0;
   for (const Picture& picture : all) {
-    const Size size = picture.size ? *picture.size : sheetSize(picture.view);
+    const Size size = picture.size ? *picture.size : sheetSize(picture.view, appearance);
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
       const bool light = scheme == ColorScheme::light;
       const std::string name = picture.name + (light ? "-light.png" : "-dark.png");
       const std::string path = (std::filesystem::path(folder) / name).string();
-      const QImage image =
-          qt::renderView(picture.view, size, 1, {.colorScheme = scheme}, picture.settles);
+      appearance.colorScheme = scheme;
+      const QImage image = qt::renderView(picture.view, size, 1, appearance, picture.settles);
       if (image.isNull() || !image.save(QString::fromStdString(path))) {
         return Error{"Cannot write " + path + "."};
       }

@@ -7,8 +7,9 @@
 namespace zq::gallery {
 
 // Paints the pages into the folder, light and dark, telling on standard output what is done;
-// all of them and the window, or the one at that index. Makes the folder where it is missing.
+// all of them and the window, or the one at that index, with the appearance but for its scheme.
+// Makes the folder where it is missing.
 Result<void> paintPages(const std::string& folder, std::optional<std::size_t> only,
-                        const Given& given);
+                        const Given& given, AppearanceValues appearance = {});
 
 }  // namespace zq::gallery

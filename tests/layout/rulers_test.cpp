@@ -53,6 +53,19 @@ View rulerAt(const ZQTimeRange& range, double x, double width, double height = 4
           {.maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading()});
 }
 
+TEST(ZQRulerView, hasRoomForLargerLabelsUpToTheLongestStep) {
+  for (const double end : {10.0, 86400.0, 600000.0}) {
+    Harness screen(rulerAt({0, end}, 0, 840), {1000, 60});
+    screen.setAppearance({.textScale = 2});
+    double before = 0;
+    for (const Element& label : screen.texts()) {
+      EXPECT_TRUE(end == 600000 || label.bounds.x >= before) << label.text;
+      before = label.bounds.maxX();
+    }
+    EXPECT_GT(before, 0);
+  }
+}
+
 TEST(ZQRulerView, drawsItsTicksWhereTheFormulaHasThem) {
   Harness screen(rulerAt({0, 10}, 20, 840), {1000, 60});
   const Bars bars = barsOf(screen, 40);

@@ -123,7 +123,31 @@ TEST(Focus, comesBackFromABubbleThatClosed) {
   EXPECT_EQ(h.focused().name, "default");
 }
 
+TEST(Focus, staysInABubbleThatHasPlacesOfItsOwn) {
+  Harness h(WithBubble{std::make_shared<std::string>(), false});
+  h.tab();
+  h.key(Key::space);
+  for (const char* name : {"ok", "cancel"}) {
+    EXPECT_TRUE(h.tab());
+    EXPECT_EQ(h.focused().name, name);
+  }
+  EXPECT_FALSE(h.tab()) << "the window says what comes after the last";
+  EXPECT_TRUE(h.tab());
+  EXPECT_EQ(h.focused().name, "ok");
+  h.key(Key::escape);
+  EXPECT_EQ(h.focused().name, "opener");
+}
+
 // --- Fields ---
+
+TEST(TextField, aShortcutGoesToIt) {
+  Harness h(
+      VStack({Button([] {}, Text("before")), TextField("name", Binding<std::string>::constant(""))
+                                                 .keyboardShortcut(Shortcut::control("f"))}));
+  EXPECT_TRUE(h.host().key({.text = "f", .modifiers = {.control = true}}));
+  h.settle();
+  EXPECT_EQ(h.focused().name, "name");
+}
 
 struct Field {
   std::function<Binding<std::string>(Context&)> binding;

@@ -230,6 +230,20 @@ TEST(MovingLengths, paintAllThatTheyTouch) {
   EXPECT_LE(h.damage().bounds().maxX(), text.maxX() + 0.01);
 }
 
+TEST(MovingLengths, jumpWhereMotionIsReducedAndMoveBesideIt) {
+  const Choice view{[](int i) {
+    const auto bar = [i](const std::string& id) {
+      return Rectangle().frame(i == 0 ? 20 : 60, 10).id(id);
+    };
+    return VStack({bar("still").environment<ReducedMotionKey>(true), bar("moving")});
+  }};
+  Harness h(view, {200, 100});
+  view.move(1);
+  h.settle();
+  EXPECT_EQ(h.findId("still").bounds.width, 60);
+  EXPECT_EQ(h.findId("moving").bounds.width, 20);
+}
+
 TEST(MovingPlaces, keepTheirWayWhileALengthMovesTheirGoal) {
   const Choice view{[](int i) {
     return VStack({.spacing = 0}, {ForEach(std::vector<int>{i == 0 ? 0 : 2, 1},

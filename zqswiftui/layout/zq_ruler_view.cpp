@@ -81,10 +81,17 @@ class Ticks {
   std::vector<double> xs_;
 };
 
-View ticksOf(const ZQTimeRange& range, Size size, const Rect& seen) {
+// Labels of larger texts are as much longer: their ticks lie further apart, up to the longest step.
+double stepFor(const ZQTimeRange& range, double width, double textGrowth) {
+  const double usual = secondsPerPitch(range, width);
+  const double most = std::max(usual, kRulerSteps.back());
+  return rulerStep(std::min(usual * textGrowth, most));
+}
+
+View ticksOf(const ZQTimeRange& range, Size size, const Rect& seen, double textGrowth) {
   if (!(size.width > 0)) return {};
-  const double step = rulerStep(secondsPerPitch(range, size.width));
-  const double from = seen.x - kLabelReach, to = seen.maxX();
+  const double step = stepFor(range, size.width, textGrowth);
+  const double from = seen.x - kLabelReach * textGrowth, to = seen.maxX();
   const double height = std::max(1.0, size.height);
   Ticks ticks(range, size.width);
   // A major tick before the leading edge is not drawn, nor is its label; a minor one is.
@@ -101,11 +108,13 @@ View ticksOf(const ZQTimeRange& range, Size size, const Rect& seen) {
 
 }  // namespace
 
-View ZQRulerView::body(Context& /*context*/) const {
+View ZQRulerView::body(Context& context) const {
+  const double growth = larger(1, context.environment<TextScaleKey>());
   const std::string spoken =
       TC::getFloatTimecode(range_.start, false) + " to " + TC::getFloatTimecode(range_.end, false);
-  return GeometryReader(
-             [range = range_](Size size, const Rect& seen) { return ticksOf(range, size, seen); })
+  return GeometryReader([range = range_, growth](Size size, const Rect& seen) {
+           return ticksOf(range, size, seen, growth);
+         })
       .foregroundColor(Color::gray())
       .font(Font::caption())
       .accessibility({.hidden = true})

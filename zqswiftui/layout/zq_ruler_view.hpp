@@ -8,7 +8,8 @@ namespace zq {
 
 // A horizontal ruler of time in seconds: its whole width is the range. Long ticks with a label at
 // each step of kRulerSteps that leaves them 84 points apart or more, short ones at each half;
-// ruler_ticks.hpp has the arithmetic. Fills the room that it is given and draws in gray, also
+// ruler_ticks.hpp has the arithmetic. Where texts are larger than usual the 84 points grow with
+// them, as far as the longest step goes. Fills the room that it is given and draws in gray, also
 // beyond its trailing edge, where the last label stands: clip it, or leave it room.
 //
 // To move or zoom, give it another range, or put a wide one into a scroll view: only ticks near

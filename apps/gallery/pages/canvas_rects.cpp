@@ -66,7 +66,9 @@ View canvas(View overlay, double width = 464) {
 View numbers(const Rect& rect, int decimals) {
   const auto number = [decimals](const std::string& name, double value) {
     return sample(name, Text(spokenNumber(value, decimals)))
-        .frame({.width = 64, .alignment = Alignment::leading()});
+        .frame({.width = 64,
+            .alignment = Alignment::leading(),
+            .growsWithText = true});
   };
   return HStack({.spacing = 8},
       {number("x", rect.x), number("y", rect.y),

@@ -22,7 +22,7 @@ namespace {
 using File = std::optional<Url>;
 
 View framed(View area) {
-  return area.frame(224, 72);
+  return area.frame({.width = 224, .height = 72, .growsWithText = true});
 }
 
 std::function<void(const Url&)> into(const State<File>& file) {
@@ -94,7 +94,10 @@ struct Pictures {
     const ZQSubFiles store(
         Url::file(Platform::current().bundle().cacheFolder())
             .appending("gallery-well"));
-    const auto square = [](View area) { return area.frame(144, 96); };
+    const auto square = [](View area) {
+      return area.frame(
+          {.width = 144, .height = 96, .growsWithText = true});
+    };
     return samples({
         sample("a file, or one of a browser",
             square(ZQDragImageAreaView({.imageUrl = *picture,

@@ -15,7 +15,7 @@ struct Draggable : ViewModifiers<Draggable> {
         rest->width + moved->width, rest->height + moved->height};
     return RoundedRectangle(12)
         .fill(Color::teal())
-        .frame(88, 56)
+        .frame({.width = 88, .height = 56, .growsWithText = true})
         .overlay(Text("Drag me").foregroundColor(Color::white()))
         .cursor(Cursor::grab)
         .gesture({.minimumDistance = 2,

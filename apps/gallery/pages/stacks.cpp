@@ -10,7 +10,7 @@ View box(
     const std::string& name, double width, double height, Color color) {
   return Text(name)
       .foregroundColor(Color::white())
-      .frame(width, height)
+      .frame({.width = width, .height = height, .growsWithText = true})
       .background(RoundedRectangle(6).fill(color));
 }
 

@@ -51,8 +51,9 @@ struct Surroundings {
                 .foregroundColor(Color::purple())),
         card("GeometryReader knows its room",
             HStack({.spacing = 12},
-                {wideOrNarrow.frame({.width = 120}), wideOrNarrow})
-                .frame({.height = 36})),
+                {wideOrNarrow.frame({.width = 120, .growsWithText = true}),
+                    wideOrNarrow})
+                .frame({.height = 36, .growsWithText = true})),
     });
   }
 };

@@ -16,7 +16,10 @@ View named(const std::string& name) {
                               .foregroundColor(Color::secondary())
                               .multilineTextAlignment(TextAlignment::center)
                               .lineLimit(2)})
-      .frame({.width = 96, .height = 72, .alignment = Alignment::top()});
+      .frame({.width = 96,
+          .height = 72,
+          .alignment = Alignment::top(),
+          .growsWithText = true});
 }
 
 View sheet() {

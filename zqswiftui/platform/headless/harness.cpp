@@ -1,12 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 #include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 #include <zqswiftui/platform/services/require.hpp>
+#include <zqswiftui/platform/toolkit/inspector.hpp>
 #include <zqswiftui/platform/toolkit/tree/root_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
 
@@ -15,10 +15,6 @@ namespace {
 
 constexpr double kFrame = 1.0 / 60;
 constexpr int kMostFrames = 200;  // of one call, on a screen that comes to rest
-
-constexpr std::array kRoleNames{"none",      "group",  "text",     "button",     "toggle",
-                                "textField", "image",  "progress", "scrollArea", "list",
-                                "listItem",  "slider", "window"};
 
 // Has a piece recorded as a window would, and shows it to nobody.
 class NullCanvas : public Canvas {
@@ -113,7 +109,7 @@ void eachNode(const AccessibilityNode& node,
 }
 
 void write(const AccessibilityNode& node, std::size_t depth, std::string& text) {
-  text.append(2 * depth, ' ').append(kRoleNames[static_cast<std::size_t>(node.role)]);
+  text.append(2 * depth, ' ').append(roleName(node.role));
   if (!node.name.empty()) text += " \"" + node.name + '"';
   if (!node.value.empty()) text += " = \"" + node.value + '"';
   if (!node.description.empty()) text += " (" + node.description + ')';

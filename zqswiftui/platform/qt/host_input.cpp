@@ -18,6 +18,7 @@
 #include <zqswiftui/platform/qt/foreign_drop.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
+#include <zqswiftui/platform/qt/inspector_overlay.hpp>
 
 namespace zq::qt {
 namespace {
@@ -139,6 +140,12 @@ void HostWidget::wheelEvent(QWheelEvent* event) {
 }
 
 void HostWidget::keyPressEvent(QKeyEvent* event) {
+#ifndef NDEBUG
+  if (event->key() == Qt::Key_F12 && event->modifiers() == Qt::NoModifier) {
+    inspector_ ? inspector_.reset() : void(inspector_ = std::make_unique<InspectorOverlay>(*this));
+    return;
+  }
+#endif
   const std::optional<KeyEvent> key = toKeyEvent(*event);
   // What an editor leaves over must not be typed into the field a second time.
   const bool typing = fields_->haveFocus() && key && !key->text.empty() && key->key != Key::enter &&

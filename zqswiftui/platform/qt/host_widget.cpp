@@ -18,6 +18,7 @@
 #include <zqswiftui/platform/qt/foreign_drop.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
 #include <zqswiftui/platform/qt/host_widget.hpp>
+#include <zqswiftui/platform/qt/inspector_overlay.hpp>
 #include <zqswiftui/platform/qt/painter_canvas.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
@@ -98,6 +99,7 @@ HostWidget::~HostWidget() {
   // A focused editor that goes would pass its focus on through this widget.
   fields_->giveFocusToHost();
   fields_.reset();
+  inspector_.reset();
   host_.reset();
 }
 
@@ -136,6 +138,7 @@ void HostWidget::runFrame() {
   inFrame_ = false;
   fields_->sync();
   accessible_->frameEnded();
+  if (inspector_) inspector_->frameEnded();
   tellLayout();
   repaintDamage();
   pace();

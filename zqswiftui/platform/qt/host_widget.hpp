@@ -17,11 +17,14 @@ namespace zq::qt {
 class AccessibleTree;
 class FieldEditors;
 class ForeignDrop;
+class InspectorOverlay;
 
 // Shows a view as a widget, a window of its own or inside others. Needs an installed platform.
 // Interface thread only.
 //   zq::qt::HostWidget window(zq::Text("Hello"));
 //   window.show();
+// In a debug build F12 shows and hides an inspector over the views: what each part is, and what the
+// last frame evaluated and painted.
 class HostWidget final : public QWidget, private HostDelegate {
  public:
   explicit HostWidget(View root, QWidget* parent = nullptr);
@@ -79,8 +82,9 @@ class HostWidget final : public QWidget, private HostDelegate {
   std::unique_ptr<ViewHost> host_;
   std::unique_ptr<FieldEditors> fields_;
   std::shared_ptr<AccessibleTree> accessible_;
-  std::unique_ptr<ForeignDrop> foreignDrop_;  // once something was dragged here on an X display
-  unsigned fonts_;                            // the generation that the view was measured with
+  std::unique_ptr<InspectorOverlay> inspector_;  // while it is open
+  std::unique_ptr<ForeignDrop> foreignDrop_;     // once something was dragged here on an X display
+  unsigned fonts_;                               // the generation that the view was measured with
   QTimer* frameTimer_;
   unsigned long appearanceListener_ = 0;
   AppearanceValues appearance_;

@@ -93,7 +93,8 @@ class ViewModifiers {
   View onDrop(DropTarget target) const;
   // Points of the view at which it, and what is in it, is not there for the pointer answer false.
   View hitArea(std::function<bool(Point point)> contains) const;
-  View keyboardShortcut(Shortcut shortcut) const;  // presses what is inside, from anywhere
+  // Presses what is inside, from anywhere; a text field has the focus then.
+  View keyboardShortcut(Shortcut shortcut) const;
   // Does something from anywhere in the window, while this view is shown and not disabled.
   View onShortcut(Shortcut shortcut, std::function<void()> action) const;
   View disabled(bool disabled = true) const;
@@ -126,8 +127,9 @@ class ViewModifiers {
   template <class T>
   View environmentObject(std::shared_ptr<T> object) const;
   // Content in a bubble beside the view while the binding is true; Escape and a click
-  // elsewhere set it to false. Shortcuts behind it are not heard while it is open. Its middle is
-  // on the view's, or its leading or trailing edge on the view's.
+  // elsewhere set it to false. Shortcuts behind it are not heard while it is open, and Tab goes
+  // to the places in it, where there are any. Its middle is on the view's, or its leading or
+  // trailing edge on the view's.
   View popover(Binding<bool> isPresented, View content,
                HorizontalAlignment alignment = HorizontalAlignment::center) const;
 

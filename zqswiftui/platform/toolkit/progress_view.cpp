@@ -103,7 +103,7 @@ class ProgressNode final : public LeafNode {
 void ProgressNode::move(const std::optional<double>& from) {
   const std::optional<double>& to = progress().fraction_;
   if (!from || !to || *from == *to) return;
-  std::optional<Animation> animation = tree().animation();
+  std::optional<Animation> animation = Node::animation();
   if (!animation && !environment().reducedMotion) animation = progress().animation_;
   fraction_.change(
       *this, *from, *to, [this] { invalidatePicture(); }, animation);

@@ -73,6 +73,7 @@ void ComponentNode::update(const View& next) {
 
 void ComponentNode::evaluate() {
   ++tree().counts().bodies;
+  tree().noteEvaluated(*this);
   nextState_ = nextObserved_ = 0;
   if (memory_ && memory_->mark) memory_->mark->evaluated();
   View body;

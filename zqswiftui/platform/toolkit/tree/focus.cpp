@@ -22,15 +22,21 @@ void collect(Node& node, const Node* place, Stops& stops) {
   node.forEachChild([&](Node& child) { collect(child, place, stops); });
 }
 
-// The first node in here that can be pressed.
-Node* firstPressable(Node& node) {
+// The first node in here that can be pressed, or typed into.
+Node* firstTaker(Node& node) {
   const Responder* r = node.responder();
-  if (r && r->wantsPress() && node.environment().enabled) return &node;
+  const bool takes = r && (r->wantsPress() || r->isTextField());
+  if (takes && node.environment().enabled) return &node;
   Node* found = nullptr;
   node.forEachChild([&](Node& child) {
-    if (!found) found = firstPressable(child);
+    if (!found) found = firstTaker(child);
   });
   return found;
+}
+
+void pressOrFocus(Node& node) {
+  if (!node.responder()->isTextField()) return node.responder()->pressed();
+  node.tree().focus().set(&node, FocusController::Ring::shown);
 }
 
 // What the first view that knows the shortcut does by it.
@@ -38,7 +44,7 @@ std::function<void()> shortcutAction(Node& node, const KeyEvent& event) {
   const Responder* r = node.responder();
   if (r && r->shortcut() && r->shortcut()->matches(event) && node.environment().enabled) {
     if (const auto* action = r->shortcutAction()) return *action;
-    if (Node* target = firstPressable(node)) return [target] { target->responder()->pressed(); };
+    if (Node* target = firstTaker(node)) return [target] { pressOrFocus(*target); };
   }
   std::function<void()> found;
   node.forEachChild([&](Node& child) {
@@ -94,7 +100,14 @@ void FocusController::moved(Node* from) {
 bool FocusController::next(bool backwards) {
   const Node* place = focused_ ? focused_ : lost_;
   Stops stops;
-  collect(tree_.root(), place, stops);
+  // A bubble that has places of its own keeps Tab to them while it is open.
+  Node* bubble = tree_.popovers().top();
+  if (bubble) collect(*bubble, place, stops);
+  if (stops.nodes.empty()) {
+    collect(tree_.root(), place, stops);
+  } else if (place && !place->isIn(*bubble)) {
+    place = nullptr;
+  }
   const std::size_t count = stops.nodes.size();
   // Of what can be reached no longer, the first place behind it is the next one.
   std::size_t next = backwards ? stops.before - 1 : stops.before;

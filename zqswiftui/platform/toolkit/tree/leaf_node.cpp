@@ -62,13 +62,13 @@ Paint mix(const Paint& from, const Paint& to, double t, ColorScheme scheme) {
 void LeafNode::invalidatePicture() {
   recorded_ = false;
   damageAll();
-  if (tree().animation()) askForFade();
+  if (animation()) askForFade();
 }
 
 void LeafNode::askForFade() {
   const bool listed = fade_ != nullptr;
   if (!listed) fade_ = std::make_unique<Fade>();
-  fade_->asked = {tree().now(), *tree().animation()};
+  fade_->asked = {tree().now(), *animation()};
   if (listed) return;
   tree().animate(*this, [this](double now) {
     const auto& lasting = fade_->asked ? fade_->asked : fade_->way;

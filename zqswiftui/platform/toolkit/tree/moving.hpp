@@ -20,7 +20,7 @@ class Moving {
   // The value changes from one to the other: sets out where the change is animated, ends what is
   // under way where it is not. `step` is called whenever another place is shown from then on.
   void change(Node& node, const T& from, const T& to, std::function<void()> step) {
-    change(node, from, to, std::move(step), node.tree().animation());
+    change(node, from, to, std::move(step), node.animation());
   }
   // The same for a node that has an animation of its own.
   void change(Node& node, const T& from, const T& to, std::function<void()> step,

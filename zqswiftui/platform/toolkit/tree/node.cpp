@@ -142,8 +142,13 @@ void Node::noteMove(const Rect& next, bool resized) {
   tree_.damageAfterLayout(*this, whole);
 }
 
+const std::optional<Animation>& Node::animation() const {
+  static const std::optional<Animation> none;
+  return environment_->reducedMotion ? none : tree_.animation();
+}
+
 void Node::turnTo(Point goal) {
-  const auto& animation = tree_.animation();
+  const std::optional<Animation>& animation = this->animation();
   if (!motion_ && !animation) return;
   const double now = tree_.now();
   // A length that is on its way moves the goals of its neighbours, and does not end their ways.

@@ -170,6 +170,8 @@ class Node {
   virtual std::string accessibleText();  // of all texts inside, joined by blanks
   virtual std::string symbolText();      // a name made from the first symbol inside
 
+  // That of the change that is being applied, unless motion is reduced here.
+  const std::optional<Animation>& animation() const;
   Motion<Point>* motion() const { return motion_.get(); }
   Point motionOffset() const;
 

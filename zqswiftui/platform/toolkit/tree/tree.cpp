@@ -303,6 +303,11 @@ Size Tree::sizeThatFits(const ProposedSize& proposal) {
   return root_->content() ? root_->content()->measure(proposal) : Size{};
 }
 
+std::vector<Node*> Tree::takeEvaluated() {
+  if (!evaluated_) evaluated_ = std::make_unique<std::vector<Node*>>();
+  return std::exchange(*evaluated_, {});
+}
+
 // --- Removal ---
 
 void Tree::willRemove(Node& node) {
@@ -326,6 +331,7 @@ void Tree::forget(const Node& node) {
   std::erase_if(later_, [&](const Later& l) { return l.node == &node; });
   std::erase_if(animated_, [&](const Animated& a) { return a.node == &node; });
   std::erase(layoutRoots_, &node);
+  if (evaluated_) std::erase(*evaluated_, &node);
   std::erase_if(visibility_, [&](const VisibilityListener& v) { return v.node == &node; });
 }
 

@@ -81,6 +81,17 @@ class Tree {
   void willRemove(Node& node);  // input and focus leave it; callbacks of its end are queued
   void forget(const Node& node);
 
+  // --- Inspection ---
+  // Nodes whose body ran since the last call, those that still stand; none before the first call
+  // and after stopNoting(), and nothing is kept then.
+  std::vector<Node*> takeEvaluated();
+  void stopNoting() { evaluated_.reset(); }
+  void noteEvaluated(Node& node) {
+    if (!evaluated_) return;
+    node.listed_ = true;
+    evaluated_->push_back(&node);
+  }
+
   TextCache& texts() { return texts_; }
   PointerController& pointer() { return pointer_; }
   FocusController& focus() { return focus_; }
@@ -145,6 +156,7 @@ class Tree {
   std::vector<Placed> placed_;
   std::deque<Later> later_;
   std::vector<VisibilityListener> visibility_;
+  std::unique_ptr<std::vector<Node*>> evaluated_;  // while someone asks for them
   Region damage_;
   Ground ground_;
   WorkCounts counts_;

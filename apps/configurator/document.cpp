@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/configurator/document.hpp>
 #include <zqswiftui/platform/base/documents.hpp>
 #include <zqswiftui/platform/base/saves.hpp>
@@ -30,6 +31,13 @@ bool sameHead(const ZQUICProject& a, const ZQUICProject& b) {
 // Groups that were not touched are the same objects.
 bool same(const ProjectContent& a, const ProjectContent& b) {
   return a.groups == b.groups && sameHead(a.head, b.head);
+}
+
+// Groups that were edited back to what they were are equal, too.
+bool equal(const ProjectContent& a, const ProjectContent& b) {
+  return sameHead(a.head, b.head) &&
+         std::equal(a.groups.begin(), a.groups.end(), b.groups.begin(), b.groups.end(),
+                    [](const GroupPtr& x, const GroupPtr& y) { return x == y || *x == *y; });
 }
 
 }  // namespace
@@ -137,7 +145,11 @@ void Document::edit(const std::string& title, const std::function<void(ProjectCo
   const bool goesOn = !key.empty() && undone_.empty() && !done_.empty() &&
                       done_.back().key == key && now - lastEdit_ < kOneStep;
   lastEdit_ = now;
-  if (!goesOn) addStep(title, key);
+  if (!goesOn) {
+    addStep(title, key);
+  } else if (equal(done_.back().content, after)) {
+    done_.pop_back();  // a field undid what was typed in it
+  }
   content_.set(std::move(after));
   scheduleSave();
 }

@@ -83,7 +83,7 @@ GroupCode codeOf(const ProjectContent& content, const std::string& groupId) {
 }
 
 std::shared_ptr<Insight> Insight::of(const std::shared_ptr<Document>& document) {
-  const std::shared_ptr<Insight> insight(new Insight(document));
+  std::shared_ptr<Insight> insight(new Insight(document));
   insight->changes_ = document->didChange.connect([weak = std::weak_ptr(insight)] {
     const auto self = weak.lock();
     if (self) self->workOut();

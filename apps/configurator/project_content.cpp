@@ -162,7 +162,7 @@ void editItem(ProjectContent& content, std::string_view groupId, std::string_vie
 std::string addGroup(ProjectContent& content, const std::optional<std::string>& behind) {
   ZQUICGroup group;
   group.name = freeGroupName(content, group.name);
-  const std::string id = group.id;
+  std::string id = group.id;
   insertBehind(content.groups, behind, std::make_shared<const ZQUICGroup>(std::move(group)));
   return id;
 }
@@ -173,7 +173,7 @@ std::string addItem(ProjectContent& content, std::string_view groupId, ZQUICReco
                  .intValue = content.head.defaultIntValue,
                  .doubleValue = content.head.defaultDoubleValue,
                  .boolValue = content.head.defaultBoolValue};
-  const std::string id = item.id;
+  std::string id = item.id;
   editGroup(content, groupId, [&](ZQUICGroup& group) {
     item.key = freeKey(group, "New value");
     insertBehind(group.itemList, behind, std::move(item));
@@ -187,7 +187,7 @@ std::string duplicateGroup(ProjectContent& content, std::string_view id) {
   ZQUICGroup copy = *original;
   renewIds(copy);
   copy.name = freeGroupName(content, copy.name);
-  const std::string newId = copy.id;
+  std::string newId = copy.id;
   insertBehind(content.groups, std::string(id),
                std::make_shared<const ZQUICGroup>(std::move(copy)));
   return newId;

@@ -131,6 +131,18 @@ TEST_F(Documents, editsOfOneKeyThatFollowEachOtherAtOnceAreOneStep) {
   EXPECT_EQ(document->content()->head.name, "abc");
 }
 
+TEST_F(Documents, whatIsEditedBackAtOnceIsNoStep) {
+  const auto document = open();
+  for (const char* const name : {"Ink", "Paper"}) {
+    document->edit(
+        "Rename group",
+        [&](ProjectContent& c) { editGroup(c, "paper", [&](auto& g) { g.name = name; }); }, "name");
+  }
+  EXPECT_FALSE(document->undoTitle());
+  platform.advance(1);
+  EXPECT_EQ(onDisk().groupList()[1].name, "Paper");
+}
+
 TEST_F(Documents, whatOthersWroteIsTakenOverAsOneStepWhereNothingWaits) {
   const auto document = open();
   rename(*document, "ours");

@@ -141,6 +141,7 @@ TEST(HostFocus, whatAnEditorLeavesOverReachesTheViewAroundItAndTheShortcuts) {
   HostWidget host(View(TextField("f", typed).onEditingEnded([&] { log += "ended "; }))
                       .onLeftoverKey(leftover)
                       .onShortcut(Shortcut::control("s"), [&] { log += "save "; })
+                      .onShortcut(Shortcut::control("z"), [&] { log += "undo "; })
                       .onSecondaryTap([&](Point) { log += "menu "; }));
   host.show();
   host.activateWindow();
@@ -150,11 +151,15 @@ TEST(HostFocus, whatAnEditorLeavesOverReachesTheViewAroundItAndTheShortcuts) {
   ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
   press(Qt::Key_Up, {}, Qt::NoModifier);
   press(Qt::Key_S, QStringLiteral("\x13"), Qt::ControlModifier);
+  press(Qt::Key_Z, QStringLiteral("\x1a"), Qt::ControlModifier);
   press(Qt::Key_F10, {}, Qt::ShiftModifier);
+  press(Qt::Key_S, QStringLiteral("s"), Qt::NoModifier);
+  press(Qt::Key_Z, QStringLiteral("\x1a"), Qt::ControlModifier);  // now it is the editor's
+  EXPECT_EQ(text, "");
   press(Qt::Key_S, QStringLiteral("s"), Qt::NoModifier);
   QApplication::focusWidget()->clearFocus();
   settle();
-  EXPECT_EQ(log, "up save menu ended ");
+  EXPECT_EQ(log, "up save undo menu ended ");
   EXPECT_EQ(text, "s");
 }
 

@@ -199,6 +199,13 @@ void FieldEditors::giveFocusToHost() {
 
 bool FieldEditors::keyPressed(std::uint64_t id, QEvent& event) {
   const auto& key = static_cast<QKeyEvent&>(event);
+  // An editor takes these also where it has nothing to undo, and the window's own is meant.
+  const QLineEdit* const edit = editor(id);
+  if (edit != nullptr && ((key.matches(QKeySequence::Undo) && !edit->isUndoAvailable()) ||
+                          (key.matches(QKeySequence::Redo) && !edit->isRedoAvailable()))) {
+    event.ignore();
+    return true;  // on to the window
+  }
   const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
   if (key.key() == Qt::Key_Escape) {
     return host_.host().key({Key::escape, {}, {}});

@@ -25,10 +25,11 @@ View capsuleColors() {
 struct CapsuledTexts {
   View body(Context&) const {
     return cards({
-        card("Colours", VStack({.alignment = HorizontalAlignment::leading,
-                                   .spacing = 12},
-                            {capsuleColors(), note("The text is black or white, "
-                                            "whichever reads better.")})),
+        card("Colours",
+            VStack(
+                {.alignment = HorizontalAlignment::leading, .spacing = 12},
+                {capsuleColors(), note("The text is black or white, "
+                                       "whichever reads better.")})),
         card("Fonts", samples({ZQCapsuledText({.text = "caption",
                                    .font = Font::caption()}),
                           ZQCapsuledText({.text = "body"}),

@@ -104,12 +104,10 @@ View note(const std::string& text) {
 }
 
 View row(const std::string& name, View value) {
-  return HStack(
-      {.spacing = 12},
-      {Text(name)
-           .foregroundColor(Color::secondary())
-           .frame({.width = 130, .alignment = Alignment::leading(), .growsWithText = true}),
-       std::move(value)});
+  return HStack({.spacing = 12}, {Text(name)
+                                      .foregroundColor(Color::secondary())
+                                      .frame({.width = 130, .alignment = Alignment::leading()}),
+                                  std::move(value)});
 }
 
 View lightAndDark(View view) {

@@ -15,6 +15,7 @@ namespace zq::gallery {
 namespace {
 
 constexpr double kPageWidth = 900;
+constexpr double kMoreRoom = 1000;  // as a page that scrolls has
 constexpr double kRounding = 0.5;
 constexpr double kLeastTarget = 24;  // points, WCAG 2.2, success criterion 2.5.8
 
@@ -25,7 +26,7 @@ class PagesFit : public testing::TestWithParam<std::size_t> {
     screen_.emplace(galleryPages()[GetParam()].content(), Size{kPageWidth, 100});
     screen_->setAppearance(appearance);
     const Size wanted = screen_->host().sizeThatFits({kPageWidth, std::nullopt});
-    screen_->resize({kPageWidth, wanted.height});
+    screen_->resize({kPageWidth, wanted.height + kMoreRoom});
   }
   Harness& screen() { return *screen_; }
 

@@ -55,12 +55,10 @@ struct PannedRuler {
     return VStack(
         {.alignment = HorizontalAlignment::leading, .spacing = 12},
         {strip(GeometryReader(ruler)),
-            HStack({.spacing = 8},
-                {show("10 s", 0, 10), show("1 min", 0, 60),
-                    show("10 min", 0, 600), show("1 h", 0, 3600),
-                    show("1 day", 0, kDay), Spacer(),
-                    show("Earlier", -0.25, length),
-                    show("Later", 0.25, length)})});
+            samples({show("10 s", 0, 10), show("1 min", 0, 60),
+                show("10 min", 0, 600), show("1 h", 0, 3600),
+                show("1 day", 0, kDay), show("Earlier", -0.25, length),
+                show("Later", 0.25, length)})});
   }
 };
 

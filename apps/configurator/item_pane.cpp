@@ -9,8 +9,6 @@ namespace {
 // Whole numbers up to here are numbers of the field too; greater ones are texts.
 constexpr std::int64_t kExact = std::int64_t{1} << 53;
 
-const std::vector<std::string> kTypeNames{"Integer", "Number", "Text", "Flag", "Point or size"};
-
 // A field of the selected value: read and written where it now stands, whoever moved it there.
 struct ItemAccess {
   std::shared_ptr<Document> document;
@@ -125,7 +123,7 @@ View typePicker(const ItemAccess& access) {
                                    allRecordTypes.begin());
                              },
                              [](const std::size_t& chosen) { return allRecordTypes[chosen]; });
-  return Picker({.label = "Type", .choices = kTypeNames, .selection = index});
+  return Picker({.label = "Type", .choices = typeNames(), .selection = index});
 }
 
 View problems(const std::vector<std::string>* sentences) {

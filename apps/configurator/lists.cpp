@@ -239,9 +239,9 @@ View ItemList::body(Context& context) const {
                          }})
           .accessibilityLabel("Values");
   std::vector<View> tools;
-  for (const ZQUICRecordType type : allRecordTypes) {
-    tools.push_back(toolButton(systemImage(type, false),
-                               "Add " + std::string(rawValue(type)) + " value",
+  for (std::size_t i = 0; i < allRecordTypes.size(); ++i) {
+    const ZQUICRecordType type = allRecordTypes[i];
+    tools.push_back(toolButton(systemImage(type, false), "Add " + lowercased(typeNames()[i]),
                                [bench, type] { bench->addItem(type); }));
   }
   return listWithTitle(group->name, std::move(tools), list);

@@ -75,7 +75,6 @@ Menu editMenu(const Bench& bench, const std::shared_ptr<Document>& document) {
 }
 
 Menu addMenu(const Bench& bench, const std::shared_ptr<Document>& document) {
-  static const std::vector<std::string> names{"Integer", "Number", "Text", "Flag", "Point or size"};
   Menu menu{"Add",
             {{.title = "Group",
               .action = [bench] { bench->addGroup(); },
@@ -84,7 +83,7 @@ Menu addMenu(const Bench& bench, const std::shared_ptr<Document>& document) {
              MenuItem::separator()}};
   const bool hasGroup = bench->group() != nullptr;
   for (std::size_t i = 0; i < allRecordTypes.size(); ++i) {
-    menu.items.push_back({.title = names[i],
+    menu.items.push_back({.title = typeNames()[i],
                           .action = [bench, i] { bench->addItem(allRecordTypes[i]); },
                           .shortcut = Shortcut::control(std::to_string(i + 1)),
                           .enabled = hasGroup});

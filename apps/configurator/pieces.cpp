@@ -3,6 +3,11 @@
 
 namespace zq::configurator {
 
+const std::vector<std::string>& typeNames() {
+  static const std::vector<std::string> names{"Integer", "Number", "Text", "Flag", "Point or size"};
+  return names;
+}
+
 View hairline(bool vertical) {
   return Rectangle()
       .fill(Color::separator())

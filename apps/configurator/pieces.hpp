@@ -12,6 +12,9 @@ inline constexpr FlexFrame kFill{
     .maxWidth = kInfinity, .maxHeight = kInfinity, .alignment = Alignment::topLeading()};
 inline constexpr double kRowHeight = 28;
 
+// The kinds of values as people call them, in the order of allRecordTypes.
+const std::vector<std::string>& typeNames();
+
 View hairline(bool vertical);
 // A heading over a part of a pane.
 View heading(const std::string& text);

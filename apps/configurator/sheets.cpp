@@ -35,8 +35,7 @@ View contentOf(const std::shared_ptr<Workbench>& bench) {
                    "they listen. Part of ZQSwiftUI, under the MIT licence.",
                    {{"Close", close, Key::enter}});
     case Sheet::failure:
-      return sheet("The project could not be opened", bench->failure,
-                   {{"Close", close, Key::enter}});
+      return sheet("That did not work", bench->failure, {{"Close", close, Key::enter}});
     case Sheet::notSaved:
       return sheet("The project could not be saved",
                    document ? document->saveFailure() : std::string(),

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/gallery/gallery_style.hpp>
 #include <apps/gallery/page_looks.hpp>
 #include <array>
@@ -14,6 +15,7 @@ constexpr std::array kZooms{0.5, 0.75, 1.0, 1.5, 2.0};
 template <std::size_t N>
 std::vector<std::string> percents(const std::array<double, N>& factors) {
   std::vector<std::string> texts;
+  texts.reserve(N);
   for (const double f : factors) texts.push_back(std::to_string(static_cast<int>(100 * f)) + " %");
   return texts;
 }

@@ -6,6 +6,7 @@
 #include <zqswiftui/layout/zq_ruler_view.hpp>
 #include <zqswiftui/platform/base/timecode.hpp>
 #include <zqswiftui/platform/services/require.hpp>
+#include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/for_each.hpp>
 #include <zqswiftui/platform/toolkit/geometry_reader.hpp>
 #include <zqswiftui/platform/toolkit/layout.hpp>

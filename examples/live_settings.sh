@@ -20,7 +20,7 @@ cleanup() {  # the window before its display
 }
 trap cleanup EXIT
 
-Xvfb -displayfd 5 -screen 0 1480x700x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
+Xvfb -displayfd 5 -screen 0 1480x700x24 -nolisten tcp -noreset 5>"$home/display" >/dev/null 2>&1 &
 pids+=($!)
 until_true() {
   for _ in $(seq 200); do

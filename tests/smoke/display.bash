@@ -6,7 +6,8 @@
 source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 
-Xvfb -displayfd 5 -screen 0 1280x800x24 -nolisten tcp 5>"$home/display" >/dev/null 2>&1 &
+# Without -noreset it begins anew when the last window closes, and the next finds no display.
+Xvfb -displayfd 5 -screen 0 1280x800x24 -nolisten tcp -noreset 5>"$home/display" >/dev/null 2>&1 &
 pids+=($!)
 until_true test -s "$home/display"
 DISPLAY=:$(cat "$home/display")

@@ -24,9 +24,6 @@ Color groundOf(bool prominent, bool hovered) {
 
 }  // namespace
 
-PushButton::PushButton(std::string title, std::function<void()> action)
-    : PushButton(std::move(title), Parameters{.action = std::move(action)}) {}
-
 PushButton::PushButton(std::string title, Parameters parameters)
     : title_(std::move(title)), parameters_(std::move(parameters)) {}
 

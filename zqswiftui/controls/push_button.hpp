@@ -1,8 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <string>
+#include <utility>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -20,8 +22,11 @@ class PushButton : public ViewModifiers<PushButton> {
     Required<std::function<void()>> action;
     bool prominent = false;
   };
-  PushButton(std::string title, std::function<void()> action);
   PushButton(std::string title, Parameters parameters);
+  template <std::invocable Action>
+  PushButton(std::string title, Action action)
+      : PushButton(std::move(title),
+                   Parameters{.action = std::function<void()>(std::move(action))}) {}
 
   View body(Context& context) const;
 

@@ -259,7 +259,7 @@ TEST_F(RecentFiles, theColumnsOfARowAndItsMarkKeepTheirMeasures) {
   const std::string name(120, 'n');
   remember({write(name, 1)});
   prefs_setValueBool(kPreference, true);
-  Harness h(panel(), kSize);
+  Harness h(panel(), kPanelSize);
   constexpr double kSpacing = 8;
   const Rect row = h.button(name).bounds, size = h.findText("5 bytes").bounds;
   EXPECT_EQ(row.maxX() - size.maxX(), 4 + 116 + kSpacing);

@@ -15,6 +15,7 @@
 #include <zqswiftui/platform/qt/image_codec.hpp>
 #include <zqswiftui/platform/qt/platform.hpp>
 #include <zqswiftui/platform/qt/preferences.hpp>
+#include <zqswiftui/platform/services/clock.hpp>
 
 namespace zq::qt {
 namespace {

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <condition_variable>
 #include <filesystem>
 #include <fstream>
@@ -282,10 +283,13 @@ TEST_F(RecentFiles, theColumnsOfARowAndItsMarkKeepTheirMeasures) {
 
 TEST_F(RecentFiles, thousandsCostWhatIsSeen) {
   constexpr int kCount = 2000;
+  const auto now = std::filesystem::file_time_type::clock::now();
   std::vector<Url> urls;
   for (int i = 0; i < kCount; ++i) {
     const std::string path = folder.path(std::to_string(i) + ".txt");
     std::ofstream(path).put('x');
+    // The disk's own times are too coarse to tell them apart.
+    std::filesystem::last_write_time(path, now - std::chrono::minutes(kCount - i));
     urls.push_back(Url::file(path));
   }
   remember(urls);
@@ -296,7 +300,7 @@ TEST_F(RecentFiles, thousandsCostWhatIsSeen) {
   h.click(h.find(Role::textField));
   const auto before = h.counts();
   h.type("77");
-  EXPECT_TRUE(h.button("1977.txt") || h.button("77.txt"));
+  EXPECT_TRUE(h.button("1977.txt"));
   EXPECT_LT(h.counts().bodies - before.bodies, 60U);
 }
 

@@ -36,24 +36,27 @@ struct Marks {
   std::shared_ptr<Shelf> shelf;
   ShelfEntry entry;
 
-  std::function<void()> change(const std::function<void(ShelfEntry&)>& how) const {
-    return [self = *this, how] { self.shelf->edit(self.entry.file, how); };
+  MenuItem mark(const std::string& title, bool isSet,
+                std::function<void(ShelfEntry&)> change) const {
+    MenuItem item{.title = title};
+    item.checked = isSet;
+    item.action = [self = *this, change = std::move(change)] {
+      self.shelf->edit(self.entry.file, change);
+    };
+    return item;
   }
   std::vector<MenuItem> menu(const std::shared_ptr<Workbench>& bench) const {
-    std::vector<MenuItem> items{
-        {.title = "Open", .action = [bench, file = entry.file] { bench->openProject(file); }},
-        MenuItem::separator(),
-        {.title = "Favorite",
-         .action = change([](ShelfEntry& e) { e.favorite = !e.favorite; }),
-         .checked = entry.favorite},
-        {.title = "Hidden",
-         .action = change([](ShelfEntry& e) { e.hidden = !e.hidden; }),
-         .checked = entry.hidden},
-        MenuItem::separator()};
+    std::vector<MenuItem> items;
+    items.push_back(
+        {.title = "Open", .action = [bench, file = entry.file] { bench->openProject(file); }});
+    items.push_back(MenuItem::separator());
+    items.push_back(
+        mark("Favorite", entry.favorite, [](ShelfEntry& e) { e.favorite = !e.favorite; }));
+    items.push_back(mark("Hidden", entry.hidden, [](ShelfEntry& e) { e.hidden = !e.hidden; }));
+    items.push_back(MenuItem::separator());
     for (std::size_t i = 0; i < shelfColors().size(); ++i) {
-      items.push_back({.title = shelfColors()[i].name,
-                       .action = change([i](ShelfEntry& e) { e.color = i; }),
-                       .checked = entry.color == i});
+      items.push_back(
+          mark(shelfColors()[i].name, entry.color == i, [i](ShelfEntry& e) { e.color = i; }));
     }
     items.push_back(MenuItem::separator());
     items.push_back({.title = "Remove from this list",

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <algorithm>
 #include <apps/configurator/project_pane.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/zq_file_dialogs.hpp>
@@ -49,17 +50,24 @@ View swiftFile(const std::shared_ptr<Document>& document) {
 
 View problemsOf(const Findings& findings) {
   std::vector<View> rows;
+  rows.reserve(findings.ofProject.size());
   for (const std::string& sentence : findings.ofProject) rows.push_back(Text(sentence));
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 6}, std::move(rows));
 }
 
-View codeLines(const std::string& text) {
-  const auto lines = std::make_shared<std::vector<std::string>>();
-  for (std::size_t begin = 0; begin <= text.size();) {
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::size_t begin = 0;
+  while (begin <= text.size()) {
     const std::size_t end = std::min(text.find('\n', begin), text.size());
-    lines->push_back(searchAndReplace(text.substr(begin, end - begin), "\t", "    ", false));
+    lines.push_back(searchAndReplace(text.substr(begin, end - begin), "\t", "    ", false));
     begin = end + 1;
   }
+  return lines;
+}
+
+View codeLines(const std::string& text) {
+  const auto lines = std::make_shared<const std::vector<std::string>>(linesOf(text));
   return ScrollView(RowList({.count = lines->size(),
                              .rowHeight = 17,
                              .key = [](std::size_t i) { return std::to_string(i); },

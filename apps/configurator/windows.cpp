@@ -69,9 +69,9 @@ void Windows::close(const Workbench* bench) {
 }
 
 void Windows::quit() {
-  const std::vector<Window>& all = windows_;
-  std::vector<std::shared_ptr<Workbench>> benches;
-  for (const Window& window : all) benches.push_back(window.bench);
+  std::vector<std::shared_ptr<Workbench>> benches;  // closing takes windows away
+  benches.reserve(windows_.size());
+  for (const Window& window : windows_) benches.push_back(window.bench);
   for (const auto& bench : benches) bench->close();
 }
 

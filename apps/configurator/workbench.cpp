@@ -25,7 +25,7 @@ std::optional<std::string> neighbour(const std::vector<std::string>& ids, const 
 
 std::shared_ptr<Document> OpenDocuments::find(const Url& file) const {
   for (const auto& weak : documents_) {
-    const auto document = weak.lock();
+    auto document = weak.lock();
     if (document && document->file() == file) return document;
   }
   return nullptr;

@@ -17,7 +17,7 @@ inline Platform& platform() {
 // Runs the event loop until the condition holds, or answers false after long enough to blame
 // the program and not the machine.
 bool waitFor(const auto& done) {
-  constexpr int kPatienceMilliseconds = 20000;
+  constexpr int kPatienceMilliseconds = 60000;
   QElapsedTimer time;
   time.start();
   while (!done() && time.elapsed() < kPatienceMilliseconds) {

@@ -24,7 +24,7 @@ View button(ZQButton::Size size) {
   return ZQButton("Export", {.icon = "arrow.up", .size = size, .action = kNothing});
 }
 
-std::vector<std::pair<std::string, View>> controls() {
+std::vector<std::pair<std::string, View>> controlsWithTexts() {
   const auto number = Binding<double>::constant(1920);
   const auto first = Binding<std::size_t>::constant(0);
   return {
@@ -54,7 +54,7 @@ void expectInside(const Element& part, const Rect& all) {
 }
 
 TEST(TextScale, noControlIsTooSmallForItsTextAndSymbols) {
-  for (const auto& [name, control] : controls()) {
+  for (const auto& [name, control] : controlsWithTexts()) {
     for (const double scale : {0.5, 1.0, 2.0, 4.0}) {
       SCOPED_TRACE(name + " at " + std::to_string(scale));
       Harness h(control.id("control"), {1000, 500});

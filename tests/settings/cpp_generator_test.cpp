@@ -42,7 +42,7 @@ class CppSource : public testing::Test {
   HeadlessPlatform platform;
 };
 
-ZQUICGroup group(const std::string& name, const std::vector<std::string>& keys) {
+ZQUICGroup groupWith(const std::string& name, const std::vector<std::string>& keys) {
   ZQUICGroup made{.name = name};
   for (const std::string& key : keys) made.itemList.push_back({.key = key});
   return made;
@@ -57,23 +57,23 @@ TEST_F(CppSource, projectsGiveTheTextsThatWereKept) {
 }
 
 TEST_F(CppSource, namesAreThoseThatTheLanguageLeavesFree) {
-  EXPECT_THAT(constants({group("static", {"cast"}), group("_Priv", {"__x", "", "a__b"}),
-                         group("Settings", {""}), group("store", {""}),
-                         group("", {"", "zoom", "Zoom"}), group("2nd", {"3rd"})}),
+  EXPECT_THAT(constants({groupWith("static", {"cast"}), groupWith("_Priv", {"__x", "", "a__b"}),
+                         groupWith("Settings", {""}), groupWith("store", {""}),
+                         groupWith("", {"", "zoom", "Zoom"}), groupWith("2nd", {"3rd"})}),
               ElementsAre("static_cast_2", "Priv_x", "Priv_", "Priv_a_b", "Settings_", "store_2",
                           "unnamed", "_zoom", "Zoom", "_2nd_3rd"));
   // A number is never one that another item has by right, wherever that stands.
   EXPECT_THAT(
-      constants({group("a_b", {"c"}), group("a", {"b_c", "b_c_2", "b_c_3"}), group("a_b_", {"c"}),
-                 group("a_b__c", {"3", ""})}),
+      constants({groupWith("a_b", {"c"}), groupWith("a", {"b_c", "b_c_2", "b_c_3"}),
+                 groupWith("a_b_", {"c"}), groupWith("a_b__c", {"3", ""})}),
       ElementsAre("a_b_c", "a_b_c_4", "a_b_c_2", "a_b_c_3", "a_b_c_5", "a_b_c_3_2", "a_b_c_"));
-  const std::string text = code({group("_Priv", {"__x"})});
+  const std::string text = code({groupWith("_Priv", {"__x"})});
   EXPECT_THAT(text, HasSubstr("store_->value(slot, \"_Priv\", \"__x\");"));
 }
 
 TEST_F(CppSource, onlyWantedGroupsAreInItUnderTheSameNames) {
-  const std::vector<ZQUICGroup> groups{group("a_b", {"c"}), group("Max a", {"x"}),
-                                       group("a", {"b_c"})};
+  const std::vector<ZQUICGroup> groups{groupWith("a_b", {"c"}), groupWith("Max a", {"x"}),
+                                       groupWith("a", {"b_c"})};
   const std::string text = code(groups, {.groups = {"a", "maxA"}});
   EXPECT_THAT(text, Not(HasSubstr("double a_b_c()")));
   EXPECT_THAT(text, HasSubstr("double a_b_c_2()"));
@@ -85,10 +85,11 @@ TEST_F(CppSource, whatCannotBeServedIsRefusedInASentence) {
   const ZQUICItem flagged{.key = "b-a", .shouldBeDeleted = true};
   EXPECT_THAT(code({{.name = "G", .itemList = {{.key = "b a"}, flagged, {.key = "bA"}}}}),
               "\"b a\" and \"bA\" of the group \"G\" have one name in source, bA; rename one");
-  EXPECT_THAT(code({group("Max zoom", {}), group("other", {"x"}), group("max-zoom", {"x"})}),
-              "the group \"max-zoom\" is hidden behind the group \"Max zoom\": both have the name "
-              "maxZoom in source; rename one");
-  EXPECT_THAT(code({group("x", {"k"}), group("x", {})}), HasSubstr("x_k"));
+  EXPECT_THAT(
+      code({groupWith("Max zoom", {}), groupWith("other", {"x"}), groupWith("max-zoom", {"x"})}),
+      "the group \"max-zoom\" is hidden behind the group \"Max zoom\": both have the name "
+      "maxZoom in source; rename one");
+  EXPECT_THAT(code({groupWith("x", {"k"}), groupWith("x", {})}), HasSubstr("x_k"));
   EXPECT_THAT(code({{.name = "G", .itemList = {{.key = "far", .doubleValue = infinite}}}}),
               "\"far\" of the group \"G\" is no finite number");
   EXPECT_THAT(code({{.name = "G",
@@ -130,10 +131,11 @@ TEST_F(CppSource, textsAreLiteralsThatHoldTheirBytes) {
 }
 
 TEST_F(CppSource, eachGroupHasAHeaderOfItsOwn) {
-  const auto headers = cppHeaders(
-      of({group("Canvas", {"x"}), group("CANVAS", {"x"}), group("empty", {}), group("größe", {"x"}),
-          group("Settings", {"Canvas"}), group(std::string(300, 'a'), {"x"})}),
-      {.className = "AppSettings"});
+  const auto headers =
+      cppHeaders(of({groupWith("Canvas", {"x"}), groupWith("CANVAS", {"x"}), groupWith("empty", {}),
+                     groupWith("größe", {"x"}), groupWith("Settings", {"Canvas"}),
+                     groupWith(std::string(300, 'a'), {"x"})}),
+                 {.className = "AppSettings"});
   ASSERT_TRUE(headers.ok());
   std::vector<std::string> names;
   for (const CppHeader& header : headers.value()) {

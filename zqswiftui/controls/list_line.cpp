@@ -9,7 +9,6 @@
 namespace zq {
 namespace {
 
-constexpr double kRadius = 5;
 constexpr double kMarkWidth = 16;
 constexpr double kBeforeMark = 2;
 constexpr double kAroundLines = 5;
@@ -33,7 +32,7 @@ Color colorOf(LineGround ground) {
 }  // namespace
 
 View lineGround(LineGround ground) {
-  return RoundedRectangle(kRadius).fill(colorOf(ground));
+  return RoundedRectangle(kControlRadius).fill(colorOf(ground));
 }
 
 View listLine(const ListLine& line) {

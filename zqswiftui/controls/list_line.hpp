@@ -7,7 +7,8 @@
 
 namespace zq {
 
-// What the lists are made of that open below a control, so that all of them look alike.
+// What controls have in common, so that all of them look alike, and the lines of the lists that
+// open below them.
 
 // A line with a title: a mark before it where it is checked, and perhaps something at its end.
 struct ListLine {
@@ -26,6 +27,9 @@ View listOfLines(std::vector<View> lines);
 enum class LineGround : unsigned char { none, hovered, chosenElsewhere, lit, chosen };
 View lineGround(LineGround ground);
 
+// What cannot be used now is drawn fainter.
+inline constexpr double kDisabledOpacity = 0.4;
+inline constexpr double kControlRadius = 5;    // of the corners of small controls, in points
 inline constexpr double kListLineHeight = 24;  // in points, at the usual size of texts
 inline constexpr double kListLinePadding = 8;
 

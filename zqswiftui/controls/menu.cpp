@@ -16,10 +16,8 @@ using OpenedState = State<std::optional<Opened>>;
 
 namespace {
 
-constexpr double kRadius = 5;
 constexpr double kLeastWidth = 190;
 constexpr double kLeastGap = 24;  // between a title and its shortcut
-constexpr double kDisabledOpacity = 0.4;
 
 bool usable(const MenuItem& item) {
   return !item.isSeparator() && item.enabled && item.action;
@@ -141,7 +139,8 @@ View MenuBar::title(std::size_t number, const OpenedState& opened, bool leftToRi
   return View(Text(menu.title).lineLimit(1))
       .padding({.leading = kListLinePadding, .trailing = kListLinePadding})
       .frame({.height = kListLineHeight, .growsWithText = true})
-      .background(RoundedRectangle(kRadius).fill(Color::primary().opacity(open ? 0.12 : 0.001)))
+      .background(
+          RoundedRectangle(kControlRadius).fill(Color::primary().opacity(open ? 0.12 : 0.001)))
       .onTap([opened, open, number] {
         opened.set(open ? std::nullopt : std::optional(Opened{.menu = number}));
       })

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/number_field.hpp>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/base/timer.hpp>
@@ -17,12 +18,10 @@ namespace zq {
 namespace {
 
 constexpr double kSide = 24;
-constexpr double kRadius = 5;
 constexpr double kManySteps = 10;      // of an arrow with Shift
 constexpr double kBeforeRepeat = 0.4;  // seconds
 constexpr double kRepeat = 0.08;
 constexpr int kMostDecimals = 15;
-constexpr double kDisabledOpacity = 0.4;
 
 bool bounded(const NumberRange& range) {
   return range.least <= range.most;
@@ -134,7 +133,7 @@ View Stepper::body(Context& context) const {
                         .frame({.height = kSide, .growsWithText = true});
   return HStack({.spacing = 0},
                 {arrow("minus", can(-1), held, -1), line, arrow("plus", can(1), held, 1)})
-      .background(RoundedRectangle(kRadius).fill(Color::gray().opacity(0.15)))
+      .background(RoundedRectangle(kControlRadius).fill(Color::gray().opacity(0.15)))
       .onKey(keyed)
       .accessibility({.role = Role::slider,
                       .label = *parameters_.label,

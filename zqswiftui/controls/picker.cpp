@@ -12,8 +12,6 @@
 namespace zq {
 namespace {
 
-constexpr double kRadius = 5;
-
 View choiceRow(const std::string& choice, bool chosen, std::function<void()> choose) {
   return Button(std::move(choose), listLine({.title = choice, .checked = chosen}))
       .accessibility({.label = choice, .checked = chosen});
@@ -52,8 +50,8 @@ View Picker::body(Context& context) const {
               Image::symbol("chevron.down").font(Font::caption())})
           .padding({.leading = kListLinePadding, .trailing = kListLinePadding})
           .frame({.height = kListLineHeight, .growsWithText = true})
-          .background(RoundedRectangle(kRadius).fill(Color::gray().opacity(0.15)))
-          .overlay(RoundedRectangle(kRadius).stroke(Color::separator()));
+          .background(RoundedRectangle(kControlRadius).fill(Color::gray().opacity(0.15)))
+          .overlay(RoundedRectangle(kControlRadius).stroke(Color::separator()));
 
   const auto keyed = [selection = *parameters_.selection, isOpen,
                       count = choices.size()](const KeyEvent& event) {

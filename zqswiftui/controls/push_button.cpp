@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <utility>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/push_button.hpp>
 #include <zqswiftui/platform/toolkit/button.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -12,9 +13,8 @@ namespace zq {
 namespace {
 
 constexpr double kHeight = 28;
-constexpr double kRadius = 6;
+constexpr double kPushRadius = 6;
 constexpr double kSides = 12;
-constexpr double kDisabledOpacity = 0.4;
 
 Color groundOf(bool prominent, bool hovered) {
   // The accent colour of light windows in dark ones too: white can be read on no lighter one.
@@ -33,11 +33,12 @@ View PushButton::body(Context& context) const {
   if (!parameters_.symbol.empty()) parts.push_back(Image::symbol(parameters_.symbol));
   parts.push_back(Text(title_).lineLimit(1));
   const bool prominent = parameters_.prominent;
-  const View label = HStack({.spacing = 6}, std::move(parts))
-                         .foregroundColor(prominent ? Color::white() : Color::primary())
-                         .padding(EdgeInsets::symmetric(kSides, 0))
-                         .frame({.height = kHeight, .growsWithText = true})
-                         .background(RoundedRectangle(kRadius).fill(groundOf(prominent, *hovered)));
+  const View label =
+      HStack({.spacing = 6}, std::move(parts))
+          .foregroundColor(prominent ? Color::white() : Color::primary())
+          .padding(EdgeInsets::symmetric(kSides, 0))
+          .frame({.height = kHeight, .growsWithText = true})
+          .background(RoundedRectangle(kPushRadius).fill(groundOf(prominent, *hovered)));
   return Button(parameters_.action, label)
       .accessibilityLabel(title_)
       .onHover([hovered](bool inside) { hovered.set(inside); })

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <utility>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/platform/toolkit/animation.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -13,8 +14,7 @@ namespace {
 constexpr Size kTrack{38, 24};
 constexpr double kKnob = 20;
 constexpr double kSpacing = 8;
-constexpr double kMove = 0.15;  // seconds
-constexpr double kDisabledOpacity = 0.4;
+constexpr double kMoveSeconds = 0.15;
 
 View track(bool on, LayoutDirection direction) {
   const double way = (kTrack.width - kTrack.height) / 2;
@@ -38,7 +38,7 @@ View Switch::body(Context& context) const {
   const View row = label_.empty() ? shown : HStack({.spacing = kSpacing}, {Text(label_), shown});
   return row
       .onTap([isOn = isOn_] {
-        withAnimation(Animation::easeOut(kMove), [&] { isOn.set(!isOn.get()); });
+        withAnimation(Animation::easeOut(kMoveSeconds), [&] { isOn.set(!isOn.get()); });
       })
       .accessibility(
           {.role = Role::toggle, .label = label_.empty() ? "Switch" : label_, .checked = on});

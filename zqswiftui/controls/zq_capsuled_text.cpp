@@ -8,7 +8,7 @@
 namespace zq {
 namespace {
 
-constexpr double kEndInset = 4;  // keeps letters out of the round ends
+constexpr double kTextInset = 4;  // keeps letters out of the round ends
 
 double linear(double component) {
   return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
@@ -41,7 +41,7 @@ View ZQCapsuledText::body(Context& context) const {
       .font(parameters_.font)
       .multilineTextAlignment(parameters_.alignment)
       .foregroundColor(ink)
-      .padding(EdgeInsets::symmetric(padding + kEndInset, padding))
+      .padding(EdgeInsets::symmetric(padding + kTextInset, padding))
       .background(Capsule().fill(parameters_.backgroundColor));
 }
 

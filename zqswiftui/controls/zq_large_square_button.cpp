@@ -9,8 +9,8 @@
 namespace zq {
 namespace {
 
-constexpr double kSide = 96;
-constexpr double kRadius = 10;
+constexpr double kSquareSide = 96;
+constexpr double kSquareRadius = 10;
 
 View face(const std::string& title, const std::string& symbol) {
   return VStack({.spacing = 8}, {Image::symbol(symbol).font(Font::largeTitle()),
@@ -19,7 +19,7 @@ View face(const std::string& title, const std::string& symbol) {
                                      .multilineTextAlignment(TextAlignment::center)
                                      .lineLimit(2)})
       .padding(6)
-      .frame({.width = kSide, .height = kSide, .growsWithText = true});
+      .frame({.width = kSquareSide, .height = kSquareSide, .growsWithText = true});
 }
 
 // Whatever is drawn over the face must lie inside of what is pressed, or it would take the click.
@@ -28,7 +28,7 @@ View square(const ZQLargeSquareButton::Parameters& p, const View& face, Context&
   const double hover = p.backgroundColor ? 0.75 : 0.3;
   const auto opacity = context.state(resting);
   return face
-      .background(RoundedRectangle(kRadius)
+      .background(RoundedRectangle(kSquareRadius)
                       .fill(p.backgroundColor.value_or(Color::gray()))
                       .opacity(*opacity))
       .onTap([action = p.action.get()] {
@@ -46,8 +46,9 @@ View ZQLargeSquareButton::body(Context& context) const {
 View ZQLargeSquareSelectableButton::body(Context& context) const {
   const auto& p = parameters_;
   const View border =
-      p.isSelected ? RoundedRectangle(kRadius).stroke(Color::accent(), {.lineWidth = 2, .dash = {}})
-                   : View();
+      p.isSelected
+          ? RoundedRectangle(kSquareRadius).stroke(Color::accent(), {.lineWidth = 2, .dash = {}})
+          : View();
   Accessibility info;
   info.role = Role::toggle;
   info.checked = p.isSelected;

@@ -14,7 +14,6 @@
 namespace zq {
 namespace {
 
-constexpr double kRowHeight = 25;
 constexpr double kSizeWidth = 84;
 constexpr double kDateWidth = 116;  // of any month, so that sizes stand below each other
 constexpr double kFontSize = 12;
@@ -62,7 +61,7 @@ View ZQRecentFileView::body(Context& context) const {
                .foregroundColor(Color::secondary())})
           .font(Font::system(kFontSize))
           .padding({.leading = kPadding, .trailing = kPadding})
-          .frame({.height = kRowHeight, .growsWithText = true});
+          .frame({.height = detail::kRecentFileHeight, .growsWithText = true});
   const View shown = row.background(
       RoundedRectangle(kPadding).fill(Color::gray().opacity(0.25)).opacity(*isOver ? 1 : 0));
   const auto hover = [isOver](bool inside) {

@@ -11,7 +11,8 @@ namespace zq {
 
 namespace detail {
 struct RecentFile;
-}
+inline constexpr double kRecentFileHeight = 25;  // of a row, in points, at the usual size of texts
+}  // namespace detail
 
 // A row of recent files: name, size and date of modification of a file, brighter under the
 // pointer; pressed it tells its URL. What nobody has asked of the disk yet is asked in the

@@ -21,7 +21,6 @@ namespace zq {
 namespace {
 
 constexpr const char* kOpenPreference = "Recent Files Open";
-constexpr double kRowHeight = 25;
 constexpr double kMostOfList = 240;
 constexpr double kSearchHeight = 30;
 constexpr double kChevronWidth = 20;
@@ -115,7 +114,8 @@ View ZQRecentFilesView::body(Context& context) const {
   for (const auto& file : recent.files()) {
     if (file->matches(*parameters_.filterExtensions, search)) files->push_back(file);
   }
-  const double rowHeight = kRowHeight * std::max(1.0, context.environment<TextScaleKey>());
+  const double rowHeight =
+      detail::kRecentFileHeight * std::max(1.0, context.environment<TextScaleKey>());
   const double rows = std::min(static_cast<double>(files->size()) * rowHeight, kMostOfList);
   const View list = ScrollView(
       RowList({.count = files->size(),

@@ -8,7 +8,7 @@
 namespace zq {
 namespace {
 
-constexpr double kPictureRadius = 4;
+constexpr double kWellRadius = 4;
 constexpr double kPicturePadding = 4;
 
 Task<void> keep(ZQSubFiles store, Url file, Binding<std::optional<std::string>> id,
@@ -28,7 +28,7 @@ View ZQSubFileImageWellView::body(Context&) const {
   if (id) {
     picture = ZQSubFileCachedImageView({.id = id,
                                         .subFiles = p.subFiles,
-                                        .cornerRadius = kPictureRadius,
+                                        .cornerRadius = kWellRadius,
                                         .aspectRatio = ContentMode::fit})
                   .padding(kPicturePadding);
   }

@@ -10,7 +10,7 @@
 namespace zq {
 namespace {
 
-constexpr double kInterval = 1.0 / 30;
+constexpr double kFrameInterval = 1.0 / 30;
 constexpr int kDigits = 5;
 
 }  // namespace
@@ -98,7 +98,7 @@ bool ZQAnimImage::standsStill() const {
 void ZQAnimImage::runTimer() {
   if (standsStill()) return timer_.stop();
   if (timer_.isActive()) return;
-  timer_.loop("", kInterval, std::nullopt, false, [weak = weak_from_this(), frames = frames_] {
+  timer_.loop("", kFrameInterval, std::nullopt, false, [weak = weak_from_this(), frames = frames_] {
     if (frames->size() == 0) return;
     XMain::execute([weak] {
       if (const auto self = weak.lock()) self->showNext();

@@ -11,15 +11,15 @@
 namespace zq {
 namespace {
 
-using ListById = std::unordered_map<std::string, std::shared_ptr<ZQDeferredImageVM>>;
+using DeferredById = std::unordered_map<std::string, std::shared_ptr<ZQDeferredImageVM>>;
 
 // Neither is destroyed: what the program's closures hold may need what has gone by then.
-ListById& list() {
-  static auto* const all = new ListById;
+DeferredById& deferredImages() {
+  static auto* const all = new DeferredById;
   return *all;
 }
 
-SerialQueue& queue() {
+SerialQueue& computing() {
   static auto* const one = new SerialQueue("vendel.zqdeferredimagevm", SerialQueue::Kind::heavy);
   return *one;
 }
@@ -33,17 +33,17 @@ std::shared_ptr<ZQDeferredImageVM> ZQDeferredImageVM::withId(const std::string& 
                                                              Compute compute) {
   ZQ_REQUIRE(Platform::current().mainQueue().isMainThread(),
              "ZQDeferredImageVM: asked for on a thread that is not the interface thread");
-  const auto known = list().find(id);
-  if (known != list().end()) return known->second;
+  const auto known = deferredImages().find(id);
+  if (known != deferredImages().end()) return known->second;
   std::shared_ptr<ZQDeferredImageVM> made(new ZQDeferredImageVM(id, std::move(compute)));
   made->start();
-  list().emplace(id, made);
+  deferredImages().emplace(id, made);
   return made;
 }
 
 void ZQDeferredImageVM::start() {
   status = Status::computing;
-  queue().post([weak = weak_from_this()] {
+  computing().post([weak = weak_from_this()] {
     if (const auto self = weak.lock()) self->run();
   });
 }

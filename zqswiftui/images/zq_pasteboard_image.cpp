@@ -12,7 +12,7 @@
 namespace zq {
 namespace {
 
-constexpr double kInterval = 0.5;
+constexpr double kLookInterval = 0.5;
 
 // Looks at the pasteboard as long as it is told that somebody looks at what it finds.
 class PasteboardFollower : public ObservableObject,
@@ -31,7 +31,7 @@ class PasteboardFollower : public ObservableObject,
   void setVisible(bool visible) {
     if (!visible) return timer_.stop();
     if (timer_.isActive()) return;
-    timer_.loop("", kInterval, std::nullopt, false, [this] { look(); });
+    timer_.loop("", kLookInterval, std::nullopt, false, [this] { look(); });
   }
 
  private:

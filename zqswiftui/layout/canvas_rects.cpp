@@ -9,7 +9,7 @@
 namespace zq {
 namespace {
 
-constexpr double kManySteps = 10;  // of an arrow with Shift
+constexpr double kManyPoints = 10;  // of an arrow with Shift
 
 double finite(double value) {
   return std::isfinite(value) ? value : 0;
@@ -97,7 +97,7 @@ Rect outlineOfRect(const Rect& rect, Size view, Size target, double strokeWidth)
 
 std::optional<Size> arrowStep(const KeyEvent& key) {
   if (key.modifiers.alt) return std::nullopt;
-  const double step = key.modifiers.shift ? kManySteps : 1;
+  const double step = key.modifiers.shift ? kManyPoints : 1;
   switch (key.key) {
     case Key::left:
       return Size{-step, 0};

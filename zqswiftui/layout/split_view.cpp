@@ -16,7 +16,7 @@ namespace {
 constexpr double kLine = 1;
 constexpr double kGrip = 9;  // what takes the pointer, in front of both views
 constexpr double kKeyStep = 8;
-constexpr double kManySteps = 10;  // with Shift
+constexpr double kManyMoves = 10;  // with Shift
 
 }  // namespace
 
@@ -44,7 +44,7 @@ View SplitView::grip(double all, bool leftToRight,
                          .onCancelled = [start] { start.set(std::nullopt); }};
   const auto keyed = [=](const KeyEvent& event) {
     if (event.key != Key::left && event.key != Key::right) return false;
-    const double by = kKeyStep * (event.modifiers.shift ? kManySteps : 1);
+    const double by = kKeyStep * (event.modifiers.shift ? kManyMoves : 1);
     width.set(fit(fit(width.get()) + (event.key == Key::right ? sign : -sign) * by));
     return true;
   };

@@ -8,7 +8,7 @@
 namespace zq {
 namespace {
 
-constexpr double kStrokeWidth = 2;  // the outline keeps half of it from the edges
+constexpr double kOutlineWidth = 2;  // the outline keeps half of it from the edges
 constexpr double kLineWidth = 2;
 
 void write(const Binding<Rect>& binding, const Rect& rect) {
@@ -39,7 +39,7 @@ View drawing(const ZQCanvasRectDrawingView::Parameters& p, const Rect& rect, Siz
   const auto placed = [p](double place) {
     write(p.rect, rectAtPlace(p.rect->get(), place, p.bound));
   };
-  const Rect outline = outlineOfRect(rect, view, p.targetSize, kStrokeWidth);
+  const Rect outline = outlineOfRect(rect, view, p.targetSize, kOutlineWidth);
   const bool nothing = outline == Rect{};
   return (nothing ? View() : detail::rectOutline(outline, p.color, kLineWidth))
       .frame({.width = view.width, .height = view.height, .alignment = Alignment::topLeading()})

@@ -9,7 +9,7 @@ namespace zq {
 
 namespace {
 
-constexpr std::size_t widestLine = 98;
+constexpr std::size_t widestLiteral = 98;
 constexpr std::size_t narrowestPiece = 40;
 constexpr std::size_t longestKeptWord = 12;
 // A literal's own size is counted one by one where it is asked for at compile time.
@@ -57,7 +57,7 @@ void appendCharacter(std::string& code, char32_t c, std::string_view bytes, bool
 
 std::string literal(std::string_view text, std::size_t column) {
   const std::size_t room =
-      column + narrowestPiece < widestLine ? widestLine - column : narrowestPiece;
+      column + narrowestPiece < widestLiteral ? widestLiteral - column : narrowestPiece;
   std::string code = "\"";
   std::size_t begin = 0;  // of the line's piece
   char32_t last = 0;

@@ -63,26 +63,26 @@ constexpr std::string_view fallbackProjectName = "NewApp";
 constexpr std::string_view fallbackVariable = "zqc";
 constexpr std::string_view fallbackGroupName = "NewGroup";
 
-using Kind = JsonScalar::Kind;
+using Scalar = JsonScalar::Kind;
 
 std::string textOr(const JsonScalar& value, std::string_view fallback) {
-  return std::string(value.kind == Kind::text ? value.text : fallback);
+  return std::string(value.kind == Scalar::text ? value.text : fallback);
 }
 
 bool flagOr(const JsonScalar& value, bool fallback) {
-  return value.kind == Kind::flag ? value.flag : fallback;
+  return value.kind == Scalar::flag ? value.flag : fallback;
 }
 
 double doubleOr(const JsonScalar& value, double fallback) {
-  return value.kind == Kind::number ? finiteNumber(value.text).value_or(fallback) : fallback;
+  return value.kind == Scalar::number ? finiteNumber(value.text).value_or(fallback) : fallback;
 }
 
 std::int64_t intOr(const JsonScalar& value, std::int64_t fallback) {
-  return value.kind == Kind::number ? wholeNumber(value.text).value_or(fallback) : fallback;
+  return value.kind == Scalar::number ? wholeNumber(value.text).value_or(fallback) : fallback;
 }
 
 std::optional<Url> urlOf(const JsonScalar& value) {
-  return value.kind == Kind::text ? Url::parse(value.text) : std::nullopt;
+  return value.kind == Scalar::text ? Url::parse(value.text) : std::nullopt;
 }
 
 }  // namespace
@@ -140,7 +140,8 @@ void ProjectReader::scalar(const JsonScalar& value) {
       return setItem(value);
     case Level::point:
       if (field_ < coordinates_.size()) {
-        coordinates_[field_] = value.kind == Kind::number ? finiteNumber(value.text) : std::nullopt;
+        coordinates_[field_] =
+            value.kind == Scalar::number ? finiteNumber(value.text) : std::nullopt;
       }
       return;
     case Level::outside:
@@ -151,7 +152,7 @@ void ProjectReader::scalar(const JsonScalar& value) {
 }
 
 void ProjectReader::setId(std::string& id, bool& has, const JsonScalar& value) {
-  has = value.kind == Kind::text;
+  has = value.kind == Scalar::text;
   if (has) id = value.text;
 }
 
@@ -191,7 +192,7 @@ void ProjectReader::setProject(const JsonScalar& value) {
       return;
     case projectSelected:
       project.selectedGroupId =
-          value.kind == Kind::text ? std::optional<std::string>(value.text) : std::nullopt;
+          value.kind == Scalar::text ? std::optional<std::string>(value.text) : std::nullopt;
       return;
     default:
       return;
@@ -226,7 +227,7 @@ void ProjectReader::setItem(const JsonScalar& value) {
       item().key = textOr(value, "");
       return;
     case itemType:
-      item().type = recordTypeOf(value.kind == Kind::text ? value.text : "")
+      item().type = recordTypeOf(value.kind == Scalar::text ? value.text : "")
                         .value_or(ZQUICRecordType::double_);
       return;
     case itemInt:

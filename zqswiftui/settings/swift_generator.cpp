@@ -8,7 +8,7 @@ namespace zq {
 
 namespace {
 
-constexpr std::string_view header =
+constexpr std::string_view fileHeader =
     "#if os(OSX)\nimport ZQSwiftUI\n#else\nimport ZQSwiftUI_iOS\n#endif\n\n\n"
     "extension ZQConfig {\n\n";
 
@@ -64,7 +64,7 @@ void appendDeclaration(std::string& code, const ZQUICItem& item, std::string_vie
 }  // namespace
 
 std::string ZQUICProject::zqcCode() const {
-  std::string code(header);
+  std::string code(fileHeader);
   for (const ZQUICGroup& group : groupList()) {
     if (group.shouldBeDeleted) continue;
     const std::string groupToken = swiftTokenize(group.name);

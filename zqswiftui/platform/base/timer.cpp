@@ -11,7 +11,7 @@ namespace zq {
 namespace {
 
 constexpr double shortestInterval = 0.001;
-constexpr double clockSlack = 1e-6;
+constexpr double timerSlack = 1e-6;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ struct ZQTimer::Run : std::enable_shared_from_this<Run> {
     if (stopped) return;
     if (repeats) {
       const double now = Platform::current().clock().now();
-      ticks = std::max(ticks + 1, std::floor((now - start + clockSlack) / interval) + 1);
+      ticks = std::max(ticks + 1, std::floor((now - start + timerSlack) / interval) + 1);
       schedule();
     } else {
       stopped = true;

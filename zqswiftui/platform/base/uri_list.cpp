@@ -1,29 +1,18 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <zqswiftui/platform/base/uri_list.hpp>
+#include <zqswiftui/platform/base/url.hpp>
 
 namespace zq {
 namespace {
 
 constexpr std::size_t kLongestLine = 65536;
 
-bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 std::string_view trimmed(std::string_view line) {
   constexpr std::string_view blanks(" \t\r\n\0", 5);
   const std::size_t first = line.find_first_not_of(blanks);
   if (first == std::string_view::npos) return {};
   return line.substr(first, line.find_last_not_of(blanks) - first + 1);
-}
-
-bool hasScheme(std::string_view line) {
-  const std::size_t colon = line.find(':');
-  if (colon == std::string_view::npos || colon == 0 || !isLetter(line[0])) return false;
-  return std::all_of(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(colon), [](char c) {
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
-  });
 }
 
 }  // namespace
@@ -48,7 +37,7 @@ bool isFileAddress(std::string_view line) {
   constexpr std::string_view scheme = "file:";
   return line.size() > scheme.size() &&
          std::equal(scheme.begin(), scheme.end(), line.begin(),
-                    [](char a, char b) { return a == (isLetter(b) ? b | 0x20 : b); });
+                    [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b | 0x20 : b); });
 }
 
 std::string addressOf(std::string_view line, std::string_view thisHost) {

@@ -64,23 +64,25 @@ std::string unescaped(std::string_view text) {
 
 }  // namespace
 
+bool hasScheme(std::string_view text) {
+  const std::size_t colon = text.find(':');
+  if (colon == std::string_view::npos || colon == 0 || !isLetter(text[0])) return false;
+  return std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), [](char c) {
+    return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
+  });
+}
+
 Url Url::file(std::string_view path) {
   return Url(std::string(fileScheme) + escaped(path));
 }
 
 std::optional<Url> Url::parse(std::string_view text) {
-  const auto colon = text.find(':');
-  if (colon == std::string_view::npos || colon == 0 || !isLetter(text[0])) return std::nullopt;
-  const auto inScheme = [](char c) {
-    return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.';
-  };
-  if (!std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), inScheme)) {
-    return std::nullopt;
-  }
+  if (!hasScheme(text)) return std::nullopt;
   const auto forbidden = [](char c) { return static_cast<unsigned char>(c) <= 0x20 || c == 0x7F; };
   if (std::any_of(text.begin(), text.end(), forbidden)) return std::nullopt;
   std::string known(text);
-  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(colon), known.begin(),
+  const auto scheme = static_cast<std::ptrdiff_t>(text.find(':'));
+  std::transform(text.begin(), text.begin() + scheme, known.begin(),
                  [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
   return Url(std::move(known));
 }

@@ -11,6 +11,10 @@
 
 namespace zq {
 
+// Whether a text begins with a scheme and its colon: a letter, then letters, digits, "+", "-" and
+// "." (RFC 3986, 3.1). Any thread.
+bool hasScheme(std::string_view text);
+
 // The address of a file or of something remote, as a value. Any thread.
 //   Url icon = Url::file("/home/a b/icon.png");  // file:///home/a%20b/icon.png
 class Url {

@@ -16,8 +16,8 @@
 namespace zq::qt {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-constexpr std::chrono::seconds kPatience{10};
+using SteadyClock = std::chrono::steady_clock;
+constexpr std::chrono::seconds kCallPatience{10};
 constexpr std::chrono::seconds kPatienceAtTheEnd{2};
 constexpr int kLookAgainMilliseconds = 100;
 
@@ -134,11 +134,11 @@ BusMessage BusConnection::call(const BusMessage& request) {
       pending == nullptr) {
     return nullptr;
   }
-  auto deadline = Clock::now() + kPatience;
+  auto deadline = SteadyClock::now() + kCallPatience;
   bool hurried = false, open = true;
-  while (open && !dbus_pending_call_get_completed(pending) && Clock::now() < deadline) {
+  while (open && !dbus_pending_call_get_completed(pending) && SteadyClock::now() < deadline) {
     if (ending_ && !std::exchange(hurried, true)) {
-      deadline = std::min(deadline, Clock::now() + kPatienceAtTheEnd);
+      deadline = std::min(deadline, SteadyClock::now() + kPatienceAtTheEnd);
     }
     open = dbus_connection_read_write(bus_, kLookAgainMilliseconds);
     dispatch();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kFirstRetrySeconds = 1;
 constexpr double kLongestRetrySeconds = 30;
-constexpr int kLookAgainMilliseconds = 100;
+constexpr int kLookForBusMilliseconds = 100;
 
 std::atomic<bool> absenceSaid{false};
 
@@ -105,7 +105,7 @@ void BusLink::run() {
 void BusLink::waitForWork() {
   pollfd bell{mailbox_->bell.descriptor(), POLLIN, 0};
   // Without files left there is no bell to wait for.
-  const int milliseconds = bell.fd < 0 ? kLookAgainMilliseconds : -1;
+  const int milliseconds = bell.fd < 0 ? kLookForBusMilliseconds : -1;
   if (connection_) return connection_->wait(bell.fd, milliseconds);
   ::poll(&bell, 1, milliseconds);
 }

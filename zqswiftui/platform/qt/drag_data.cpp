@@ -13,7 +13,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr double kPatience = 2;  // seconds
+constexpr double kDragPatience = 2;  // seconds
 constexpr std::string_view kTypes[] = {dragTypeFileUrl, dragTypeUrl, dragTypeText};
 
 QByteArray joined(const std::vector<std::optional<Bytes>>& parts, const char* between) {
@@ -69,7 +69,7 @@ void DragData::begin(DragItems items, std::function<void(DropResult)> ended) {
   const std::shared_ptr<void> last(nullptr, [go](void*) {
     if (zq::Platform::installed()) zq::Platform::current().mainQueue().post(go);
   });
-  queue_.postDelayed(kPatience, go);
+  queue_.postDelayed(kDragPatience, go);
   Queue::execute(true, [items = std::move(items), loading, last] {
     for (std::size_t at = 0; at < items.size(); ++at) {
       const DragItem& item = *items[at];

@@ -13,10 +13,8 @@
 namespace zq::qt {
 namespace {
 
-constexpr qint64 kPatience = 1000;  // milliseconds for a format, of which Qt waits five thousand
+constexpr qint64 kFormatPatience = 1000;  // milliseconds, of which Qt waits five thousand
 
-const QString kUriList = QStringLiteral("text/uri-list");
-const QString kMozUrl = QStringLiteral("text/x-moz-url");
 const QString kText = QStringLiteral("text/plain");
 
 Bytes toBytes(std::string_view text) {
@@ -82,11 +80,11 @@ class MimeData final : public DropData {
  public:
   explicit MimeData(const QMimeData& mime) : mime_(mime) { waited_.start(); }
   std::optional<QByteArray> bytes(const QString& format) override {
-    if (waited_.elapsed() > kPatience) return std::nullopt;
+    if (waited_.elapsed() > kFormatPatience) return std::nullopt;
     return mime_.data(format);
   }
   std::optional<QString> text() override {
-    if (waited_.elapsed() > kPatience) return std::nullopt;
+    if (waited_.elapsed() > kFormatPatience) return std::nullopt;
     return mime_.text();
   }
 

@@ -26,6 +26,9 @@ class DropData {
   virtual std::optional<QString> text() = 0;
 };
 
+// Formats of addresses: of a file manager, and of a browser with titles.
+inline const QString kUriList = QStringLiteral("text/uri-list");
+inline const QString kMozUrl = QStringLiteral("text/x-moz-url");
 inline constexpr qsizetype kLongestText = qsizetype{16} << 20;
 
 // The types that its formats promise, the best first.

@@ -21,12 +21,9 @@
 namespace zq::qt {
 namespace {
 
-constexpr std::chrono::seconds kPatience{1};
+constexpr std::chrono::seconds kDropPatience{1};
 // No character of UTF-16 takes more bytes of UTF-8.
-constexpr std::size_t kMostBytes = std::size_t{3} * kLongestText;
-
-const QString kUriList = QStringLiteral("text/uri-list");
-const QString kMozUrl = QStringLiteral("text/x-moz-url");
+constexpr std::size_t kMostTextBytes = std::size_t{3} * kLongestText;
 
 xcb_connection_t* display() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -83,7 +80,7 @@ class Fetching final : public DropData {
     if (!found) return std::nullopt;
     QByteArray bytes(reinterpret_cast<const char*>(found->bytes.data()),
                      static_cast<qsizetype>(found->bytes.size()));
-    if (lines && found->bytes.size() == kMostBytes) bytes.truncate(bytes.lastIndexOf('\n') + 1);
+    if (lines && found->bytes.size() == kMostTextBytes) bytes.truncate(bytes.lastIndexOf('\n') + 1);
     return bytes;
   }
   std::optional<QString> text() override {
@@ -108,7 +105,7 @@ class Fetching final : public DropData {
     std::mutex mutex;  // once it was had after the answer, the reader has let go of these
     reader_->read({.selection = "XdndSelection",
                    .types = std::move(types),
-                   .mostBytes = kMostBytes,
+                   .mostBytes = kMostTextBytes,
                    .cut = cut,
                    .asksTypes = false,
                    .time = time_,
@@ -135,7 +132,7 @@ class Fetching final : public DropData {
   }
 
   const std::uint32_t time_;
-  const Clock::time_point deadline_ = Clock::now() + kPatience;
+  const Clock::time_point deadline_ = Clock::now() + kDropPatience;
   std::unique_ptr<SelectionReader> reader_;
   bool late_ = false;
 };

@@ -10,7 +10,7 @@ namespace zq::qt {
 namespace {
 
 // Longer waits are cut into pieces of a day, which a timer's milliseconds can count.
-constexpr double kLongestWait = 86400;
+constexpr double kLongestTimer = 86400;
 
 DelayedCallId nextId() {
   static std::atomic<DelayedCallId> last{0};
@@ -33,7 +33,7 @@ class MainQueue::Waker : public QObject {
 
   void startTimerFor(double seconds) {
     stopTimer();
-    const double wait = std::clamp(seconds, 0.0, kLongestWait);
+    const double wait = std::clamp(seconds, 0.0, kLongestTimer);
     timer_ = startTimer(static_cast<int>(std::ceil(wait * 1000)), Qt::PreciseTimer);
   }
   void stopTimer() {

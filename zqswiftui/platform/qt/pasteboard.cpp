@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype kMaxBytes = qsizetype{256} << 20;
 constexpr qsizetype kMaxUrls = 10000;
-constexpr std::chrono::minutes kPatience{1};
+constexpr std::chrono::minutes kPasteboardPatience{1};
 constexpr std::array kImageTypes{"image/png",  "image/jpeg", "image/webp",
                                  "image/tiff", "image/gif",  "image/bmp"};
 
@@ -110,7 +110,7 @@ std::optional<QStringList> fill(QMimeData& mime,
 SelectionReader::Question question(std::vector<std::string> types) {
   return {.types = std::move(types),
           .mostBytes = static_cast<std::size_t>(kMaxBytes),
-          .deadline = SelectionReader::Clock::now() + kPatience};
+          .deadline = SelectionReader::Clock::now() + kPasteboardPatience};
 }
 
 }  // namespace

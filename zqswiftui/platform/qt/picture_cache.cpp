@@ -19,7 +19,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr std::size_t kCapacity = std::size_t{64} << 20;
+constexpr std::size_t kPictureBytes = std::size_t{64} << 20;
 
 // What the interface thread reduces itself: a picture of that many pixels, and that many of all
 // pictures in so many milliseconds. That takes it about two of them; a thousandth of a second each.
@@ -115,7 +115,7 @@ class ReducedPictures {
     }
   }
 
-  LruImages<Key, KeyHash> kept_{kCapacity};
+  LruImages<Key, KeyHash> kept_{kPictureBytes};
   std::unordered_map<std::string, std::weak_ptr<Later>> later_;
   QElapsedTimer moment_;
   std::int64_t spent_ = 0;

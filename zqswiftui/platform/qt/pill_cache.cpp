@@ -7,7 +7,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr std::size_t kCapacity = std::size_t{4} << 20;
+constexpr std::size_t kPillBytes = std::size_t{4} << 20;
 
 QImage drawPill(QSize pixels, double radius, bool continuous, QRgb color, double line) {
   QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
@@ -45,7 +45,7 @@ std::size_t PillCache::KeyHash::operator()(const Key& key) const {
 }
 
 PillCache& PillCache::shared() {
-  static PillCache cache(kCapacity);
+  static PillCache cache(kPillBytes);
   return cache;
 }
 

@@ -16,7 +16,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr std::chrono::seconds kPatience{2};
+constexpr std::chrono::seconds kReadPatience{2};
 constexpr int kProperties = 16;
 constexpr const char* kLatinText = "STRING";
 
@@ -186,7 +186,7 @@ std::optional<SelectionReader::Connection::Content> SelectionReader::Connection:
 
 template <class Fits>
 bool SelectionReader::Connection::await(Clock::time_point deadline, const Fits& fits) {
-  const auto end = std::min(deadline, Clock::now() + kPatience);
+  const auto end = std::min(deadline, Clock::now() + kReadPatience);
   while (const auto event = nextEvent(end)) {
     if (fits(*event)) return true;
   }

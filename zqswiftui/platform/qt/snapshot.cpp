@@ -17,7 +17,7 @@ namespace zq::qt {
 namespace {
 
 constexpr double kMaxSide = 16384;
-constexpr int kFrameMilliseconds = 16;
+constexpr int kTurnMilliseconds = 16;
 // Frames in which views may still ask for another, before one that never ends is shown as is.
 constexpr int kMaxFrames = 8;
 
@@ -53,7 +53,7 @@ void letPass(double seconds, ViewHost& host) {
   QElapsedTimer time;
   time.start();
   while (static_cast<double>(time.elapsed()) < seconds * 1000) {
-    QCoreApplication::processEvents(QEventLoop::AllEvents, kFrameMilliseconds);
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kTurnMilliseconds);
     if (host.needsFrame() || host.animating()) host.frame();
     QThread::msleep(1);
   }

@@ -8,7 +8,7 @@
 namespace zq::qt {
 namespace {
 
-constexpr std::size_t kCapacity = std::size_t{8} << 20;
+constexpr std::size_t kSymbolBytes = std::size_t{8} << 20;
 
 }  // namespace
 
@@ -47,7 +47,7 @@ std::size_t SymbolCache::KeyHash::operator()(const Key& key) const {
 }
 
 SymbolCache& SymbolCache::shared() {
-  static SymbolCache cache(kCapacity);
+  static SymbolCache cache(kSymbolBytes);
   return cache;
 }
 

@@ -16,7 +16,7 @@ constexpr double kSymbolToFont = 1.25;
 std::string spoken(const std::string& symbol) {
   std::string name = symbol;
   for (const char* ending : {".fill", ".circle", ".square", ".rectangle"}) {
-    if (name.ends_with(ending)) name.resize(name.size() - std::string_view(ending).size());
+    if (name.ends_with(ending)) name.erase(name.size() - std::string_view(ending).size());
   }
   std::replace(name.begin(), name.end(), '.', ' ');
   return name;

@@ -8,7 +8,7 @@
 namespace zq {
 namespace {
 
-constexpr double kBarWidth = 6;
+constexpr double kScrollBarWidth = 6;
 constexpr double kBarInset = 2;
 constexpr double kShortestBar = 24;
 constexpr double kLine = 40;  // an arrow key
@@ -168,8 +168,9 @@ void ScrollNode::paint(PaintPass& pass, Point origin) {
   for (const Axis axis : {Axis::vertical, Axis::horizontal}) {
     const Rect all = bar(axis);
     if (all.empty()) continue;
-    pass.canvas.draw(FillRoundedRect{all, kBarWidth / 2, false, Color::primary().opacity(0.35)},
-                     playState(pass, origin));
+    pass.canvas.draw(
+        FillRoundedRect{all, kScrollBarWidth / 2, false, Color::primary().opacity(0.35)},
+        playState(pass, origin));
   }
 }
 
@@ -182,9 +183,9 @@ Rect ScrollNode::bar(Axis axis) const {
   const double length = std::min(track, std::max(kShortestBar, track * window / whole));
   const double at =
       kBarInset + (track - length) * ((down ? offset_.y : offset_.x) / (whole - window));
-  const double edge = (down ? frame().width : frame().height) - kBarWidth - kBarInset;
+  const double edge = (down ? frame().width : frame().height) - kScrollBarWidth - kBarInset;
   const double side = down && rightToLeft() ? kBarInset : edge;
-  return down ? Rect{side, at, kBarWidth, length} : Rect{at, edge, length, kBarWidth};
+  return down ? Rect{side, at, kScrollBarWidth, length} : Rect{at, edge, length, kScrollBarWidth};
 }
 
 void ScrollNode::describe(std::vector<AccessibilityNode>& out) {

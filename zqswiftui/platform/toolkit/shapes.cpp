@@ -7,7 +7,7 @@
 namespace zq {
 namespace {
 
-constexpr double kIdeal = 10;  // the side of a shape that is offered nothing
+constexpr double kShapeSide = 10;  // the side of a shape that is offered nothing
 
 // Whether the rectangle is all that one needs to know: nothing is left out in its midst.
 bool isSmall(const Rect& hole) {
@@ -64,7 +64,7 @@ class ShapeNode final : public LeafNode {
 
  protected:
   Size computeSize(const ProposedSize& proposal) override {
-    return proposal.replacingUnspecified({kIdeal, kIdeal});
+    return proposal.replacingUnspecified({kShapeSide, kShapeSide});
   }
   void record(Piece& piece) override;
   // An outline of points may lead out of the frame.

@@ -190,22 +190,22 @@ class SpacerNode final : public Node {
 };
 
 // The lengths of spacing come from callers: one that is not finite counts as not given.
-std::optional<double> finite(std::optional<double> spacing) {
+std::optional<double> finiteSpacing(std::optional<double> spacing) {
   return spacing && std::isfinite(*spacing) ? spacing : std::nullopt;
 }
 
 }  // namespace
 
 HStack::operator View() const {
-  return LayoutView(
-      StackLayout(Axis::horizontal, fraction(parameters_.alignment), finite(parameters_.spacing)),
-      children_);
+  return LayoutView(StackLayout(Axis::horizontal, fraction(parameters_.alignment),
+                                finiteSpacing(parameters_.spacing)),
+                    children_);
 }
 
 VStack::operator View() const {
-  return LayoutView(
-      StackLayout(Axis::vertical, fraction(parameters_.alignment), finite(parameters_.spacing)),
-      children_);
+  return LayoutView(StackLayout(Axis::vertical, fraction(parameters_.alignment),
+                                finiteSpacing(parameters_.spacing)),
+                    children_);
 }
 
 ZStack::operator View() const {

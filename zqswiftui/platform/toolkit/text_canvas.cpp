@@ -6,7 +6,7 @@
 namespace zq {
 namespace {
 
-std::string number(double value) {
+std::string threeDigits(double value) {
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%.3g", value);
   return text.data();
@@ -25,7 +25,7 @@ void TextCanvas::open(const std::string& text) {
 
 void TextCanvas::draw(const DrawCommand& command, const PlayState& state) {
   std::string text = describe(command, state.origin);
-  if (state.opacity != 1) text += " opacity " + number(state.opacity);
+  if (state.opacity != 1) text += " opacity " + threeDigits(state.opacity);
   line(text);
 }
 
@@ -38,11 +38,11 @@ void TextCanvas::pushClip(const Path& path, Point origin) {
 }
 
 void TextCanvas::pushOpacity(double opacity, const Rect& /*bounds*/) {
-  open("opacity " + number(opacity));
+  open("opacity " + threeDigits(opacity));
 }
 
 void TextCanvas::pushScale(double scaleX, double scaleY, Point /*about*/) {
-  open("scale " + number(scaleX) + (scaleX == scaleY ? "" : ',' + number(scaleY)));
+  open("scale " + threeDigits(scaleX) + (scaleX == scaleY ? "" : ',' + threeDigits(scaleY)));
 }
 
 void TextCanvas::pop() {

@@ -4,7 +4,7 @@
 namespace zq {
 namespace {
 
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kArrowRows[] = {
     {"arrow.clockwise", "s A 49 53 34 28 328; s M 79 13 79 35 57 35"},
     {"arrow.counterclockwise", "s A 51 53 34 152 -148; s M 21 13 21 35 43 35"},
     {"arrow.down", "s M 50 13 50 87 M 21 58 50 87 79 58"},
@@ -24,7 +24,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> arrowRows() {
-  return kRows;
+  return kArrowRows;
 }
 
 }  // namespace zq

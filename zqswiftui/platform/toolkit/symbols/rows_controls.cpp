@@ -4,7 +4,7 @@
 namespace zq {
 namespace {
 
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kControlRows[] = {
     {"backward", "s P 5 50 22 50 78 12 50 P 5 90 22 90 78 52 50", {}, kFineInner},
     {"delete.left",
      "s P 7 10 50 35 20 90 20 90 80 35 80; s M 49 38 73 62 M 73 38 49 62",
@@ -51,7 +51,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> controlRows() {
-  return kRows;
+  return kControlRows;
 }
 
 }  // namespace zq

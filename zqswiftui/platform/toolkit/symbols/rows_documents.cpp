@@ -4,7 +4,7 @@
 namespace zq {
 namespace {
 
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kDocumentRows[] = {
     {"bookmark",
      "s M 25 88 L 25 21 C 25 15 28 12 34 12 L 66 12 C 72 12 75 15 75 21 L 75 88 "
      "L 50 67 Z"},
@@ -64,7 +64,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> documentRows() {
-  return kRows;
+  return kDocumentRows;
 }
 
 }  // namespace zq

@@ -6,7 +6,7 @@ namespace {
 
 // Capitals: all of one height, so they sit in the middle of their circle, and an "i" is
 // not taken for the mark of information.
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kLetterRows[] = {
     {"0", "s O 50 50 27 36"},
     {"1", "s M 33 29 52 14 52 86"},
     {"2", "s M 27 34 C 27 22 36 14 50 14 C 63 14 72 22 72 34 C 72 52 46 62 27 86 L 75 86"},
@@ -54,7 +54,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> letterRows() {
-  return kRows;
+  return kLetterRows;
 }
 
 }  // namespace zq

@@ -4,7 +4,7 @@
 namespace zq {
 namespace {
 
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kMarkRows[] = {
     {"app", "s R 12.5 12.5 75 75 24"},
     {"checkmark", "s M 15 54 38 78 85 23"},
     {"circle", "s O 50 50 39"},
@@ -28,7 +28,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> markRows() {
-  return kRows;
+  return kMarkRows;
 }
 
 }  // namespace zq

@@ -4,7 +4,7 @@
 namespace zq {
 namespace {
 
-constexpr SymbolRow kRows[] = {
+constexpr SymbolRow kThingRows[] = {
     {"bell",
      "s M 13 73 C 22 65 24 57 24 42 C 24 24 34 12 50 12 C 66 12 76 24 76 42 C 76 57 78 65 87 73 Z; "
      "s M 40 86 C 43 90 57 90 60 86",
@@ -49,7 +49,7 @@ constexpr SymbolRow kRows[] = {
 }  // namespace
 
 std::span<const SymbolRow> thingRows() {
-  return kRows;
+  return kThingRows;
 }
 
 }  // namespace zq

@@ -8,8 +8,8 @@
 namespace zq {
 namespace {
 
-constexpr double kGap = 4;     // between anchor and bubble
-constexpr double kMargin = 4;  // to the window's edges
+constexpr double kAnchorGap = 4;  // between anchor and bubble
+constexpr double kMargin = 4;     // to the window's edges
 constexpr double kWidest = 320;
 
 View bubbleAround(const View& content) {
@@ -21,7 +21,7 @@ View bubbleAround(const View& content) {
 }  // namespace
 
 Rect popoverFrame(const Rect& anchor, Size bubble, Size window, HorizontalAlignment alignment) {
-  const double below = anchor.maxY() + kGap, above = anchor.y - kGap - bubble.height;
+  const double below = anchor.maxY() + kAnchorGap, above = anchor.y - kAnchorGap - bubble.height;
   const bool fitsBelow = below + bubble.height <= window.height - kMargin;
   double y = fitsBelow || above < kMargin ? below : above;
   double x = anchor.midX() - bubble.width / 2;

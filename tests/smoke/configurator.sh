@@ -8,10 +8,10 @@ for program in Xvfb xdotool dbus-run-session; do
   command -v "$program" >/dev/null || exit 77
 done
 [[ -x $bin/zq-configurator && -x $bin/accessibility_reader && -x $bin/zqc ]] || exit 77
-if [[ -z ${ZQ_INSIDE_BUS:-} ]]; then
-  exec env -u DBUS_SESSION_BUS_ADDRESS ZQ_INSIDE_BUS=1 dbus-run-session -- bash "$0" "$bin"
-fi
 
+# shellcheck source=tests/smoke/home.bash
+source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+on_own_bus "$bin"
 # shellcheck source=tests/smoke/display.bash
 source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
 export XDG_DATA_HOME=$home/data XDG_CONFIG_HOME=$home/config

@@ -3,7 +3,7 @@
 # is told what to do on its standard input. Sourced, not run; `bin` is set.
 
 # shellcheck source=tests/smoke/home.bash
-source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+[[ -v home ]] || source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 
 # Without -noreset it begins anew when the last window closes, and the next finds no display.

@@ -2,8 +2,8 @@
 # What the scripts with several processes share: a folder of their own, which is their home, an end
 # of all that they started (in `pids`), and waiting. Sourced, not run.
 
-home=$(mktemp -d)
-mkdir -m 0700 "$home/runtime"
+home=${ZQ_HOME:-$(mktemp -d)}
+mkdir -m 0700 -p "$home/runtime"
 pids=()
 cleanup() {
   for pid in "${pids[@]}"; do
@@ -15,6 +15,14 @@ cleanup() {
 }
 trap cleanup EXIT
 export HOME=$home XDG_RUNTIME_DIR=$home/runtime
+
+# Runs the script anew on a session bus of its own, in the same home: what the bus starts, such as
+# the accessibility bus, puts its socket there, and not where that of another script lies.
+on_own_bus() {  # ARGUMENT...
+  [[ -z ${ZQ_HOME:-} ]] || return 0
+  ZQ_HOME=$home dbus-run-session -- bash "$0" "$@"
+  exit
+}
 
 until_true() {  # waits for a condition, not for a time
   for _ in $(seq 600); do

@@ -7,10 +7,10 @@ for program in Xvfb xdotool dbus-run-session; do
   command -v "$program" >/dev/null || exit 77
 done
 [[ -x $bin/window_probe ]] || exit 77
-if [[ -z ${ZQ_INSIDE_BUS:-} ]]; then
-  exec env -u DBUS_SESSION_BUS_ADDRESS ZQ_INSIDE_BUS=1 dbus-run-session -- bash "$0" "$bin"
-fi
 
+# shellcheck source=tests/smoke/home.bash
+source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+on_own_bus "$bin"
 # shellcheck source=tests/smoke/display.bash
 source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
 

@@ -4,12 +4,10 @@
 set -euo pipefail
 bin=$1
 command -v dbus-run-session >/dev/null && [[ -x $bin/settings_peer ]] || exit 77
-if [[ -z ${ZQ_INSIDE_BUS:-} ]]; then
-  exec env -u DBUS_SESSION_BUS_ADDRESS ZQ_INSIDE_BUS=1 dbus-run-session -- bash "$0" "$bin"
-fi
 
 # shellcheck source=tests/smoke/home.bash
 source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
+on_own_bus "$bin"
 export XDG_DATA_HOME=$home QT_QPA_PLATFORM=offscreen
 
 project='{"groupList":[{"name":"Canvas","itemList":[{"key":"zoom","doubleValue":4}]}]}'

@@ -13,6 +13,9 @@ foreach(bench IN LISTS benches)
   target_link_libraries(bench_${name} PRIVATE
     $<IF:${with_qt},ZQSwiftUI::Qt,ZQSwiftUI::Core> benchmark::benchmark benchmark::benchmark_main)
   zq_warnings(bench_${name})
+  if(TARGET zq-${name}-parts)  # what is measured is a program
+    target_link_libraries(bench_${name} PRIVATE zq-${name}-parts)
+  endif()
 endforeach()
 
 # The library's own program of the comparison in bench/peers.

@@ -14,12 +14,6 @@ constexpr double kSaveAfter = 0.25;  // seconds from the first edit that is not 
 constexpr double kOneStep = 2;       // seconds between edits that are undone together
 constexpr std::size_t kMostSteps = 500;
 
-std::string nameOf(const Url& file) {
-  const std::string name = file.name();
-  const std::string extension = "." + std::string(ZQUICProject::configuratorFileExtension);
-  return name.ends_with(extension) ? name.substr(0, name.size() - extension.size()) : name;
-}
-
 bool sameHead(const ZQUICProject& a, const ZQUICProject& b) {
   return a.name == b.name && a.appBundleId == b.appBundleId &&
          a.configSwiftFileUrl == b.configSwiftFileUrl &&
@@ -78,7 +72,7 @@ void Document::open(const Url& file, Opened answer) {
 void Document::create(const Url& file, Opened answer) {
   const auto onDisk = std::make_shared<ProjectFile>(file);
   ZQUICProject project;
-  project.name = nameOf(file);
+  project.name = projectName(file);
   Saves::post([file, onDisk, project, answer = std::move(answer)] {
     const auto written = onDisk->write(project, true);
     answerWith(file, onDisk, written.ok() ? Result(project) : written.error(), answer);

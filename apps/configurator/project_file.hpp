@@ -8,6 +8,9 @@
 
 namespace zq::configurator {
 
+// What a project is called where only its file is known: the file's name without the extension.
+std::string projectName(const Url& file);
+
 // A project's file, and what this program last read from it or wrote to it. What another program
 // has written since is never overwritten unasked. Every call waits for the disk, and they must
 // come one after another: they run as saves do (Saves::post).

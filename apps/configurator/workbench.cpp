@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <apps/configurator/workbench.hpp>
+#include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/pressure_task.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_file_dialogs.hpp>
@@ -80,6 +81,23 @@ void Workbench::openProject(const Url& file) {
   });
 }
 
+void Workbench::openRecent(const Url& file) {
+  documents_->open(file, [weak = weak_from_this(), file](const auto& opened) {
+    const auto self = weak.lock();
+    if (!self || opened.ok()) return self ? self->take(opened) : void();
+    Queue::execute(false, [weak, file, opened] {
+      const bool gone = !fu_fileExists(file);
+      XMain::post([weak, file, opened, gone] {
+        const auto alive = weak.lock();
+        if (!alive || !gone) return alive ? alive->take(opened) : void();
+        alive->shelf_->recent()->remove(file);
+        alive->show("“" + alive->shelf_->nameOf(file) + "” is no longer at " + file.path() +
+                    ", and has left the list of recent projects.");
+      });
+    });
+  });
+}
+
 void Workbench::chooseProject() {
   ZQFileDialogs::open("Open project", "", kExtensions, std::nullopt,
                       [weak = weak_from_this()](const Url& file) {
@@ -123,6 +141,7 @@ void Workbench::present(const std::shared_ptr<Document>& document) {
   });
   document_.set(document);
   shelf_->note(document->file(), document->content()->head.name);
+  shelf_->recent()->note(document->file());
   query.set("");
   const auto content = document->content();
   const auto groups = shownGroups(*content, "");

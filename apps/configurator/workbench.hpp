@@ -53,6 +53,8 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
   const std::shared_ptr<Insight>& insight() const { return insight_; }
 
   void openProject(const Url& file);
+  // One of the last; where it is gone, it leaves their list.
+  void openRecent(const Url& file);
   void chooseProject();
   void newProject();
   // Once all is saved or the user does not mind.

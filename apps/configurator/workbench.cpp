@@ -24,46 +24,6 @@ std::optional<std::string> neighbour(const std::vector<std::string>& ids, const 
 
 }  // namespace
 
-std::shared_ptr<Document> OpenDocuments::find(const Url& file) const {
-  for (const auto& weak : documents_) {
-    auto document = weak.lock();
-    if (document && document->file() == file) return document;
-  }
-  return nullptr;
-}
-
-OpenDocuments::Opening* OpenDocuments::opening(const Url& file) {
-  const auto found = std::find_if(opening_.begin(), opening_.end(),
-                                  [&](const Opening& each) { return each.file == file; });
-  return found == opening_.end() ? nullptr : &*found;
-}
-
-Document::Opened OpenDocuments::keep(const Url& file, const Document::Opened& answer) {
-  opening_.push_back({file, {answer}});
-  return [weak = weak_from_this(), file](const auto& opened) {
-    const auto self = weak.lock();
-    if (!self) return;
-    std::erase_if(self->documents_, [](const auto& document) { return document.expired(); });
-    if (opened.ok()) self->documents_.push_back(opened.value());
-    const std::vector<Document::Opened> answers = std::move(self->opening(file)->answers);
-    std::erase_if(self->opening_, [&](const Opening& each) { return each.file == file; });
-    for (const auto& each : answers) each(opened);
-  };
-}
-
-void OpenDocuments::open(const Url& file, const Document::Opened& answer) {
-  if (const auto document = find(file)) return answer(document);
-  if (Opening* const same = opening(file)) return same->answers.push_back(answer);
-  Document::open(file, keep(file, answer));
-}
-
-void OpenDocuments::create(const Url& file, const Document::Opened& answer) {
-  if (find(file) || opening(file)) {
-    return answer(Error{file.path() + " is open; close it first, or choose another name."});
-  }
-  Document::create(file, keep(file, answer));
-}
-
 Workbench::Workbench(std::shared_ptr<Shelf> shelf, std::shared_ptr<OpenDocuments> documents,
                      WindowActions actions)
     : shelf_(std::move(shelf)), documents_(std::move(documents)), actions_(std::move(actions)) {}

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <apps/configurator/document.hpp>
 #include <apps/configurator/insight.hpp>
+#include <apps/configurator/open_documents.hpp>
 #include <apps/configurator/shelf.hpp>
 
 namespace zq::configurator {
@@ -17,26 +17,6 @@ struct WindowActions {
   std::function<void()> openWindow = nullptr;
   std::function<void()> closeWindow = nullptr;  // without asking
   std::function<void()> quit = nullptr;         // asks every window to close
-};
-
-// The projects that are open in any window: one document a file. Interface thread only.
-class OpenDocuments : public std::enable_shared_from_this<OpenDocuments> {
- public:
-  void open(const Url& file, const Document::Opened& answer);
-  // An error where that file is open: its windows would lose what they show.
-  void create(const Url& file, const Document::Opened& answer);
-
- private:
-  struct Opening {
-    Url file;
-    std::vector<Document::Opened> answers;
-  };
-  std::shared_ptr<Document> find(const Url& file) const;
-  Opening* opening(const Url& file);
-  Document::Opened keep(const Url& file, const Document::Opened& answer);
-
-  std::vector<std::weak_ptr<Document>> documents_;
-  std::vector<Opening> opening_;
 };
 
 // One window: its project, what is selected and what is asked. Interface thread only.

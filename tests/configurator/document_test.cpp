@@ -275,6 +275,7 @@ TEST_F(Documents, everyFileIsOneDocument) {
   all->open(url, keep);  // before the first is there
   platform.runUntilIdle();
   all->open(url, keep);
+  platform.runUntilIdle();
   ASSERT_EQ(opened.size(), 3U);
   EXPECT_EQ(opened[0], opened[1]);
   EXPECT_EQ(opened[0], opened[2]);
@@ -290,6 +291,32 @@ TEST_F(Documents, everyFileIsOneDocument) {
   EXPECT_EQ(onDisk().name, "sample");
   all->open(Url::file(folder.path("no such file.zquic")), keep);
   failure.clear();
+  platform.runUntilIdle();
+  EXPECT_NE(failure, "");
+}
+
+TEST_F(Documents, aFileThatIsReachedByLinksIsOneDocumentToo) {
+  const Url link = Url::file(folder.path("link.zquic"));
+  std::filesystem::create_symlink(url.path(), link.path());
+  std::filesystem::create_directory_symlink(folder.path(""), folder.path("again"));
+  const Url around = Url::file(folder.path("again/link.zquic"));
+  const auto all = std::make_shared<OpenDocuments>();
+  const auto shelf = std::make_shared<Shelf>();
+  std::vector<std::shared_ptr<Workbench>> benches;
+  for (const Url& each : {link, url, around}) {
+    benches.push_back(std::make_shared<Workbench>(shelf, all, WindowActions{}));
+    benches.back()->openProject(each);
+  }
+  platform.runUntilIdle();
+  rename(*benches[0]->document(), "ours");
+  for (const auto& bench : benches) EXPECT_EQ(bench->document(), benches[0]->document());
+  EXPECT_EQ(shelf->entries().size(), 1U);
+  platform.advance(1);
+  EXPECT_EQ(onDisk().name, "ours");
+  EXPECT_TRUE(std::filesystem::is_symlink(link.path()));
+
+  std::string failure;
+  all->create(around, [&](const auto& made) { failure = made.ok() ? "" : made.error().sentence; });
   platform.runUntilIdle();
   EXPECT_NE(failure, "");
 }

@@ -8,6 +8,13 @@
 #include <zqswiftui/platform/base/work.hpp>
 
 namespace zq::configurator {
+namespace {
+
+Error isOpen(const Url& file) {
+  return {file.path() + " is open; close it first, or choose another name."};
+}
+
+}  // namespace
 
 void OpenDocuments::resolve(const Url& file, std::function<void(const std::string&)> goOn) {
   Saves::post([weak = weak_from_this(), file, goOn = std::move(goOn)] {
@@ -56,10 +63,24 @@ void OpenDocuments::open(const Url& file, const Document::Opened& answer) {
 
 void OpenDocuments::create(const Url& file, const Document::Opened& answer) {
   resolve(file, [this, file, answer](const std::string& path) {
-    if (find(path) || opening(path)) {
-      return answer(Error{file.path() + " is open; close it first, or choose another name."});
-    }
+    if (find(path) || opening(path)) return answer(isOpen(file));
     Document::create(file, keep(path, answer));
+  });
+}
+
+void OpenDocuments::saveElsewhere(const std::shared_ptr<Document>& document, const Url& file,
+                                  std::function<void(const Result<void>&)> answer) {
+  resolve(file, [this, document, file, answer = std::move(answer)](const std::string& path) {
+    const auto there = find(path);
+    if ((there && there != document) || opening(path)) return answer(isOpen(file));
+    document->saveElsewhere(
+        file, [self = shared_from_this(), document, file, path, answer](SaveState state) {
+          for (Open& each : self->documents_) {
+            if (each.document.lock() == document && document->file() == file) each.path = path;
+          }
+          if (state != SaveState::saved) return answer(Error{document->saveFailure()});
+          answer({});
+        });
   });
 }
 

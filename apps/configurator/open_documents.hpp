@@ -16,6 +16,9 @@ class OpenDocuments : public std::enable_shared_from_this<OpenDocuments> {
   void open(const Url& file, const Document::Opened& answer);
   // An error where that file is open: its windows would lose what they show.
   void create(const Url& file, const Document::Opened& answer);
+  // The document goes to that file, which must not be open as another one.
+  void saveElsewhere(const std::shared_ptr<Document>& document, const Url& file,
+                     std::function<void(const Result<void>& saved)> answer);
 
  private:
   // A file by its path without links.

@@ -18,6 +18,7 @@ class ProjectFile {
  public:
   explicit ProjectFile(Url url) : url_(std::move(url)) {}
 
+  const Url& url() const { return url_; }
   enum class Written : unsigned char { yes, changedByOthers };
 
   Result<ZQUICProject> read();
@@ -37,7 +38,7 @@ class ProjectFile {
   bool isOthers(const std::string& text) const;
   Result<ZQUICProject> decoded(const std::string& text) const;
 
-  Url url_;
+  const Url url_;
   std::optional<std::size_t> known_;  // of the text; none before the first read or write
 };
 

@@ -76,6 +76,29 @@ void Workbench::newProject() {
                       });
 }
 
+void Workbench::saveElsewhere() {
+  ZQPressureTask::flushAll();
+  sheet.set(Sheet::none);
+  ZQFileDialogs::save("Save the project elsewhere", "", kExtensions, std::nullopt,
+                      [weak = weak_from_this(), open = document()](const Url& file) {
+                        const auto self = weak.lock();
+                        if (!self) return;
+                        self->documents_->saveElsewhere(
+                            open, withExtension(file), [weak](const auto& saved) {
+                              const auto alive = weak.lock();
+                              if (alive && saved.ok()) alive->noteOpen();
+                              if (alive && !saved.ok())
+                                alive->show("Not saved there: " + saved.error().sentence);
+                            });
+                      });
+}
+
+void Workbench::noteOpen() {
+  const auto open = document();
+  shelf_->note(open->file(), open->content()->head.name);
+  shelf_->recent()->note(open->file());
+}
+
 void Workbench::take(const Result<std::shared_ptr<Document>>& opened) {
   if (!opened.ok()) return show(opened.error().sentence);
   // What a field of the last project still holds back is that project's, and must be safe before
@@ -100,8 +123,7 @@ void Workbench::present(const std::shared_ptr<Document>& document) {
     if (const auto self = weak.lock()) self->documentChanged();
   });
   document_.set(document);
-  shelf_->note(document->file(), document->content()->head.name);
-  shelf_->recent()->note(document->file());
+  noteOpen();
   query.set("");
   const auto content = document->content();
   const auto groups = shownGroups(*content, "");

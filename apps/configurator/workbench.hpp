@@ -37,6 +37,8 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
   void openRecent(const Url& file);
   void chooseProject();
   void newProject();
+  // Asks for another file, where the project is from then on.
+  void saveElsewhere();
   // Once all is saved or the user does not mind.
   void close();
 
@@ -74,6 +76,7 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
 
  private:
   void take(const Result<std::shared_ptr<Document>>& opened);
+  void noteOpen();
   void present(const std::shared_ptr<Document>& document);
   void show(std::string sentence);
   void selectGroup(const std::optional<std::string>& id);

@@ -321,6 +321,34 @@ TEST_F(Documents, aFileThatIsReachedByLinksIsOneDocumentToo) {
   EXPECT_NE(failure, "");
 }
 
+TEST_F(Documents, oneThatWasSavedElsewhereIsFoundThereAndNotWhereItWas) {
+  const auto all = std::make_shared<OpenDocuments>();
+  const Url there = Url::file(folder.path("there.zquic")), open = Url::file(folder.path("o.zquic"));
+  std::filesystem::copy_file(url.path(), open.path());
+  const auto at = [&](const Url& file) {
+    std::shared_ptr<Document> document;
+    all->open(file, [&](const auto& opened) { document = opened.value(); });
+    platform.runUntilIdle();
+    return document;
+  };
+  const auto moved = at(url), other = at(open);
+  const auto move = [&](const Url& file) {
+    std::optional<bool> saved;
+    all->saveElsewhere(moved, file, [&](const auto& result) { saved = result.ok(); });
+    platform.runUntilIdle();
+    return saved;
+  };
+  EXPECT_EQ(move(open), false);
+  rename(*moved, "meanwhile");
+  moved->saveNow();
+  EXPECT_EQ(move(there), true);
+  EXPECT_EQ(at(there), moved);
+  EXPECT_NE(at(url), moved);
+  renameAsOthers("theirs");
+  platform.advance(1);
+  EXPECT_EQ(moved->content()->head.name, "meanwhile");
+}
+
 TEST_F(Documents, aWindowThatShowsAnotherProjectLosesNothingOfTheLast) {
   const auto bench = std::make_shared<Workbench>(
       std::make_shared<Shelf>(), std::make_shared<OpenDocuments>(), WindowActions{});

@@ -14,12 +14,6 @@ constexpr double kSaveAfter = 0.25;  // seconds from the first edit that is not 
 constexpr double kOneStep = 2;       // seconds between edits that are undone together
 constexpr std::size_t kMostSteps = 500;
 
-std::string nameOf(const Url& file) {
-  const std::string name = file.name();
-  const std::string extension = "." + std::string(ZQUICProject::configuratorFileExtension);
-  return name.ends_with(extension) ? name.substr(0, name.size() - extension.size()) : name;
-}
-
 bool sameHead(const ZQUICProject& a, const ZQUICProject& b) {
   return a.name == b.name && a.appBundleId == b.appBundleId &&
          a.configSwiftFileUrl == b.configSwiftFileUrl &&
@@ -42,10 +36,8 @@ bool equal(const ProjectContent& a, const ProjectContent& b) {
 
 }  // namespace
 
-Document::Document(Url file, std::shared_ptr<ProjectFile> onDisk, const ZQUICProject& project)
-    : url_(std::move(file)),
-      onDisk_(std::move(onDisk)),
-      content_(this, ProjectContent::of(project)) {}
+Document::Document(std::shared_ptr<ProjectFile> onDisk, const ZQUICProject& project)
+    : onDisk_(std::move(onDisk)), content_(this, ProjectContent::of(project)) {}
 
 // A normal end loses nothing. Nobody is left who could be asked about changes by others.
 Document::~Document() {
@@ -57,46 +49,46 @@ Document::~Document() {
   });
 }
 
-void Document::answerWith(const Url& file, const std::shared_ptr<ProjectFile>& onDisk,
+void Document::answerWith(const std::shared_ptr<ProjectFile>& onDisk,
                           const Result<ZQUICProject>& project, const Opened& answer) {
-  XMain::post([file, onDisk, project, answer] {
+  XMain::post([onDisk, project, answer] {
     if (!project.ok()) return answer(project.error());
-    const std::shared_ptr<Document> document(new Document(file, onDisk, project.value()));
+    const std::shared_ptr<Document> document(new Document(onDisk, project.value()));
     document->follow();
-    Documents::noteRecent(file);
+    Documents::noteRecent(document->file());
     answer(document);
   });
 }
 
 void Document::open(const Url& file, Opened answer) {
   const auto onDisk = std::make_shared<ProjectFile>(file);
-  Saves::post([file, onDisk, answer = std::move(answer)] {
-    answerWith(file, onDisk, onDisk->read(), answer);
-  });
+  Saves::post([onDisk, answer = std::move(answer)] { answerWith(onDisk, onDisk->read(), answer); });
 }
 
 void Document::create(const Url& file, Opened answer) {
   const auto onDisk = std::make_shared<ProjectFile>(file);
   ZQUICProject project;
-  project.name = nameOf(file);
-  Saves::post([file, onDisk, project, answer = std::move(answer)] {
+  project.name = projectName(file);
+  Saves::post([onDisk, project, answer = std::move(answer)] {
     const auto written = onDisk->write(project, true);
-    answerWith(file, onDisk, written.ok() ? Result(project) : written.error(), answer);
+    answerWith(onDisk, written.ok() ? Result(project) : written.error(), answer);
   });
 }
 
 void Document::follow() {
-  follower_ = std::make_unique<FileFollower>(url_, [weak = weak_from_this()](const FollowedFile&) {
-    const auto self = weak.lock();
-    if (!self) return;
-    Saves::post([weak, onDisk = self->onDisk_] {
-      const auto found = onDisk->look();
-      if (!found) return;
-      XMain::post([weak, found = *found] {
-        if (const auto alive = weak.lock()) alive->foundChanged(found);
+  follower_ =
+      std::make_unique<FileFollower>(file(), [weak = weak_from_this()](const FollowedFile&) {
+        const auto self = weak.lock();
+        if (!self) return;
+        Saves::post([weak, onDisk = self->onDisk_] {
+          const auto found = onDisk->look();
+          if (!found) return;
+          XMain::post([weak, onDisk, found = *found] {
+            const auto alive = weak.lock();
+            if (alive && alive->onDisk_ == onDisk) alive->foundChanged(found);
+          });
+        });
       });
-    });
-  });
 }
 
 // Where nothing of ours waits, what another program wrote is taken over; else the user is asked.
@@ -117,6 +109,7 @@ void Document::adopt(const Result<ZQUICProject>& project) {
     failure_ = project.error().sentence;
     return saveState_.set(SaveState::changedByOthers);
   }
+  failure_.clear();
   addStep("Change by another program", {});
   saveTimer_.stop();
   saveState_.set(SaveState::saved);
@@ -194,14 +187,24 @@ void Document::scheduleSave() {
 }
 
 void Document::save(bool whateverIsThere) {
+  write(onDisk_, whateverIsThere);
+}
+
+void Document::write(const std::shared_ptr<ProjectFile>& onDisk, bool whateverIsThere) {
   saveTimer_.stop();
   saving_ = true;
-  Saves::post([self = shared_from_this(), content = content_.snapshot(), onDisk = onDisk_,
-               whateverIsThere] {
+  Saves::post([self = shared_from_this(), content = content_.snapshot(), onDisk, whateverIsThere] {
     const ZQUICProject project = content->project();
     const auto written = onDisk->write(project, whateverIsThere);
     if (written.ok() && written.value() == ProjectFile::Written::yes) project.broadcast();
-    XMain::post([self, content, written] { self->saved(*content, written); });
+    XMain::post([self, content, written, onDisk] {
+      if (written.ok() && onDisk != self->onDisk_) {
+        self->onDisk_ = onDisk;
+        self->follow();
+        Documents::noteRecent(self->file());
+      }
+      self->saved(*content, written);
+    });
   });
 }
 
@@ -214,6 +217,7 @@ void Document::saved(const ProjectContent& content, const Result<ProjectFile::Wr
     failure_.clear();
     saveState_.set(SaveState::changedByOthers);
   } else {
+    failure_.clear();
     broadcasts_.set(broadcasts_.get() + 1);
     const bool all = same(content, *content_.snapshot());
     saveState_.set(all ? SaveState::saved : SaveState::waiting);
@@ -226,6 +230,21 @@ void Document::saved(const ProjectContent& content, const Result<ProjectFile::Wr
 void Document::saveNow(std::function<void(SaveState)> done) {
   if (done) whenSaved_.push_back(std::move(done));
   if (!saving_) save(false);
+}
+
+bool Document::cannotSave() const {
+  const SaveState now = saveState();
+  return !failure_.empty() && (now == SaveState::failed || now == SaveState::waiting);
+}
+
+void Document::saveElsewhere(const Url& file, std::function<void(SaveState)> done) {
+  if (saving_) {
+    return whenSaved_.push_back([weak = weak_from_this(), file, done](SaveState) {
+      if (const auto self = weak.lock()) self->saveElsewhere(file, done);
+    });
+  }
+  whenSaved_.push_back(std::move(done));
+  write(std::make_shared<ProjectFile>(file), true);
 }
 
 void Document::overwriteOthers() {

@@ -24,7 +24,7 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
 
   ~Document() override;
 
-  const Url& file() const { return url_; }
+  Url file() const { return onDisk_->url(); }
   std::shared_ptr<const ProjectContent> content() const { return content_.snapshot(); }
   // Another one where the content changed otherwise than by an edit: editors begin anew.
   unsigned revision() const { return revision_; }
@@ -42,9 +42,13 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
 
   SaveState saveState() const { return saveState_.get(); }
   std::string saveFailure() const { return failure_; }
+  // What was edited is not in the file, for the last save failed; also while the next one waits.
+  bool cannotSave() const;
   std::size_t broadcasts() const { return broadcasts_.get(); }  // so far
   // Now, whatever waits; answers once it is done.
   void saveNow(std::function<void(SaveState state)> done = nullptr);
+  // In that file, whatever is there, where the document is from then on. If that fails, it stays.
+  void saveElsewhere(const Url& file, std::function<void(SaveState state)> done);
   // What to do where another program has changed the file.
   void overwriteOthers();
   void takeFromOthers();
@@ -55,8 +59,8 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
     std::string key;
     ProjectContent content;  // before it, or after it where it was undone
   };
-  Document(Url file, std::shared_ptr<ProjectFile> onDisk, const ZQUICProject& project);
-  static void answerWith(const Url& file, const std::shared_ptr<ProjectFile>& onDisk,
+  Document(std::shared_ptr<ProjectFile> onDisk, const ZQUICProject& project);
+  static void answerWith(const std::shared_ptr<ProjectFile>& onDisk,
                          const Result<ZQUICProject>& project, const Opened& answer);
   void follow();
   void addStep(const std::string& title, const std::string& key);
@@ -64,12 +68,12 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
   void step(std::deque<Step>& from, std::deque<Step>& to);
   void scheduleSave();
   void save(bool whateverIsThere);
+  void write(const std::shared_ptr<ProjectFile>& onDisk, bool whateverIsThere);
   void saved(const ProjectContent& content, const Result<ProjectFile::Written>& written);
   void foundChanged(const ProjectFile::Found& found);
   void adopt(const Result<ZQUICProject>& project);
 
-  const Url url_;
-  const std::shared_ptr<ProjectFile> onDisk_;  // used where saves run
+  std::shared_ptr<ProjectFile> onDisk_;  // used where saves run
   Published<ProjectContent> content_;
   Published<SaveState> saveState_{this, SaveState::saved};
   Published<std::size_t> broadcasts_{this, 0};

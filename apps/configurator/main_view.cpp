@@ -69,11 +69,25 @@ std::string saveText(const Document& document) {
     case SaveState::waiting:
       return "Saving…";
     case SaveState::failed:
-      return "Not saved: " + document.saveFailure();
+      return "Not saved";
     case SaveState::changedByOthers:
       return "Changed by another program";
   }
   return {};
+}
+
+// What is not on the disk, why, and what can be done.
+View notSaved(const std::shared_ptr<Workbench>& bench, const std::shared_ptr<Document>& document) {
+  const std::string sentence =
+      "What you did is kept in this window but not saved: " + document->saveFailure() + ".";
+  return HStack(
+             {.spacing = 8},
+             {Image::symbol("exclamationmark.triangle").foregroundColor(Color::orange()),
+              Text(sentence).flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
+              PushButton("Try again", {.action = [document] { document->saveNow(); }}),
+              PushButton("Save elsewhere…", {.action = [bench] { bench->saveElsewhere(); }})})
+      .padding(EdgeInsets::symmetric(12, 6))
+      .background(View(Color::orange()).opacity(0.15));
 }
 
 struct StatusLine : ViewModifiers<StatusLine> {
@@ -89,10 +103,12 @@ struct StatusLine : ViewModifiers<StatusLine> {
       parts.push_back(Text(problems == 1 ? "1 problem" : std::to_string(problems) + " problems"));
     }
     parts.push_back(Lamp(document->broadcasts()));
-    return HStack({.spacing = 12}, std::move(parts))
-        .font(Font::caption())
-        .foregroundColor(Color::secondary())
-        .padding(EdgeInsets::symmetric(12, 5));
+    const View line = HStack({.spacing = 12}, std::move(parts))
+                          .font(Font::caption())
+                          .foregroundColor(Color::secondary())
+                          .padding(EdgeInsets::symmetric(12, 5));
+    const View above = document->cannotSave() ? notSaved(bench_, document) : View(EmptyView());
+    return VStack({.spacing = 0}, {above, line});
   }
 
  private:

@@ -32,6 +32,24 @@ Menu fileMenu(const Bench& bench, const std::shared_ptr<Document>& document) {
   return menu;
 }
 
+// Beside the file menu, for a line of a menu opens no other menu.
+Menu recentMenu(const Bench& bench) {
+  const auto recent = bench->shelf()->recent();
+  const std::vector<Url> files = recent->files();
+  const auto titles = recentTitles(
+      files, [shelf = bench->shelf()](const Url& file) { return shelf->nameOf(file); });
+  Menu menu{"Open recent", {}};
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    menu.items.push_back({.title = titles[i].empty() ? files[i].path() : titles[i],
+                          .action = [bench, file = files[i]] { bench->openRecent(file); }});
+  }
+  if (files.empty()) menu.items.push_back({.title = "No project yet", .enabled = false});
+  menu.items.push_back(MenuItem::separator());
+  menu.items.push_back(
+      {.title = "Clear list", .action = [recent] { recent->clear(); }, .enabled = !files.empty()});
+  return menu;
+}
+
 Menu editMenu(const Bench& bench, const std::shared_ptr<Document>& document) {
   const auto undo = document ? document->undoTitle() : std::nullopt;
   const auto redo = document ? document->redoTitle() : std::nullopt;
@@ -120,9 +138,12 @@ Menu viewMenu(const Bench& bench) {
 View Menus::body(Context& context) const {
   const auto bench = bench_;
   context.observe(bench);
+  context.observe(bench->shelf());
+  context.observe(bench->shelf()->recent());
   const auto document = bench->document();
   if (document) context.observe(document);
   return MenuBar({fileMenu(bench, document),
+                  recentMenu(bench),
                   editMenu(bench, document),
                   addMenu(bench, document),
                   copyMenu(bench, document),

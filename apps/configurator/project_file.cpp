@@ -13,6 +13,12 @@ std::size_t hashOf(const std::string& text) {
 
 }  // namespace
 
+std::string projectName(const Url& file) {
+  const std::string name = file.name();
+  const std::string extension = "." + std::string(ZQUICProject::configuratorFileExtension);
+  return name.ends_with(extension) ? name.substr(0, name.size() - extension.size()) : name;
+}
+
 bool ProjectFile::isOthers(const std::string& text) const {
   return known_ != hashOf(text);
 }

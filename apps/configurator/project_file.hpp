@@ -8,6 +8,9 @@
 
 namespace zq::configurator {
 
+// What a project is called where only its file is known: the file's name without the extension.
+std::string projectName(const Url& file);
+
 // A project's file, and what this program last read from it or wrote to it. What another program
 // has written since is never overwritten unasked. Every call waits for the disk, and they must
 // come one after another: they run as saves do (Saves::post).
@@ -15,6 +18,7 @@ class ProjectFile {
  public:
   explicit ProjectFile(Url url) : url_(std::move(url)) {}
 
+  const Url& url() const { return url_; }
   enum class Written : unsigned char { yes, changedByOthers };
 
   Result<ZQUICProject> read();
@@ -34,7 +38,7 @@ class ProjectFile {
   bool isOthers(const std::string& text) const;
   Result<ZQUICProject> decoded(const std::string& text) const;
 
-  Url url_;
+  const Url url_;
   std::optional<std::size_t> known_;  // of the text; none before the first read or write
 };
 

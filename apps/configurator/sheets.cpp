@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <apps/configurator/main_view.hpp>
+#include <utility>
 
 namespace zq::configurator {
 namespace {
@@ -11,14 +12,19 @@ struct Answer {
 };
 
 View sheet(const std::string& title, const std::string& text, const std::vector<Answer>& answers) {
-  std::vector<View> buttons{Spacer()};
+  constexpr std::size_t most = 2;  // beside each other
+  std::vector<View> rows, buttons{Spacer()};
   for (const Answer& answer : answers) {
     const View button =
         PushButton(answer.title, {.action = answer.action, .prominent = answer.key.has_value()});
+    if (buttons.size() > most && answers.size() > 3) {
+      rows.push_back(HStack({.spacing = 8}, std::exchange(buttons, {Spacer()})));
+    }
     buttons.push_back(answer.key ? button.keyboardShortcut(*answer.key) : button);
   }
+  rows.push_back(HStack({.spacing = 8}, std::move(buttons)));
   return VStack({.alignment = HorizontalAlignment::leading, .spacing = 12},
-                {heading(title), Text(text), HStack({.spacing = 8}, std::move(buttons))})
+                {heading(title), Text(text), VStack({.spacing = 8}, std::move(rows))})
       .padding(16)
       .frame({.width = 420, .growsWithText = true});
 }
@@ -40,6 +46,7 @@ View contentOf(const std::shared_ptr<Workbench>& bench) {
       return sheet("The project could not be saved",
                    document ? document->saveFailure() : std::string(),
                    {{"Close without saving", bench->window().closeWindow},
+                    {"Save elsewhere…", [bench] { bench->saveElsewhere(); }},
                     {"Try again",
                      [bench, close] {
                        close();

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <apps/configurator/project_file.hpp>
 #include <apps/configurator/shelf.hpp>
 #include <charconv>
 #include <zqswiftui/platform/base/prefs.hpp>
@@ -68,6 +69,12 @@ std::vector<ShelfEntry> Shelf::shown(std::string_view query, bool withHidden) co
 bool Shelf::hasHidden() const {
   const auto all = entries_.snapshot();
   return std::any_of(all->begin(), all->end(), [](const ShelfEntry& e) { return e.hidden; });
+}
+
+std::string Shelf::nameOf(const Url& file) const {
+  std::vector<ShelfEntry> all = entries();
+  const auto found = findIn(all, file);
+  return found == all.end() || found->name.empty() ? projectName(file) : found->name;
 }
 
 void Shelf::set(std::vector<ShelfEntry> entries) {

@@ -1,6 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <apps/configurator/recent_projects.hpp>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +40,9 @@ class Shelf : public ObservableObject {
   // Favourites first, otherwise in the user's order; hidden ones where they are asked for.
   std::vector<ShelfEntry> shown(std::string_view query, bool withHidden) const;
   bool hasHidden() const;
+  // The name that it has or had there, else that of its file.
+  std::string nameOf(const Url& file) const;
+  const std::shared_ptr<RecentProjects>& recent() const { return recent_; }
 
   // Puts a project that was opened there, or gives it its name of now.
   void note(const Url& file, const std::string& name);
@@ -50,6 +55,7 @@ class Shelf : public ObservableObject {
   void set(std::vector<ShelfEntry> entries);
 
   Published<std::vector<ShelfEntry>> entries_{this};
+  const std::shared_ptr<RecentProjects> recent_ = std::make_shared<RecentProjects>();
 };
 
 }  // namespace zq::configurator

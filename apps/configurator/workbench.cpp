@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <apps/configurator/workbench.hpp>
+#include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/pressure_task.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/base/zq_file_dialogs.hpp>
@@ -23,46 +24,6 @@ std::optional<std::string> neighbour(const std::vector<std::string>& ids, const 
 
 }  // namespace
 
-std::shared_ptr<Document> OpenDocuments::find(const Url& file) const {
-  for (const auto& weak : documents_) {
-    auto document = weak.lock();
-    if (document && document->file() == file) return document;
-  }
-  return nullptr;
-}
-
-OpenDocuments::Opening* OpenDocuments::opening(const Url& file) {
-  const auto found = std::find_if(opening_.begin(), opening_.end(),
-                                  [&](const Opening& each) { return each.file == file; });
-  return found == opening_.end() ? nullptr : &*found;
-}
-
-Document::Opened OpenDocuments::keep(const Url& file, const Document::Opened& answer) {
-  opening_.push_back({file, {answer}});
-  return [weak = weak_from_this(), file](const auto& opened) {
-    const auto self = weak.lock();
-    if (!self) return;
-    std::erase_if(self->documents_, [](const auto& document) { return document.expired(); });
-    if (opened.ok()) self->documents_.push_back(opened.value());
-    const std::vector<Document::Opened> answers = std::move(self->opening(file)->answers);
-    std::erase_if(self->opening_, [&](const Opening& each) { return each.file == file; });
-    for (const auto& each : answers) each(opened);
-  };
-}
-
-void OpenDocuments::open(const Url& file, const Document::Opened& answer) {
-  if (const auto document = find(file)) return answer(document);
-  if (Opening* const same = opening(file)) return same->answers.push_back(answer);
-  Document::open(file, keep(file, answer));
-}
-
-void OpenDocuments::create(const Url& file, const Document::Opened& answer) {
-  if (find(file) || opening(file)) {
-    return answer(Error{file.path() + " is open; close it first, or choose another name."});
-  }
-  Document::create(file, keep(file, answer));
-}
-
 Workbench::Workbench(std::shared_ptr<Shelf> shelf, std::shared_ptr<OpenDocuments> documents,
                      WindowActions actions)
     : shelf_(std::move(shelf)), documents_(std::move(documents)), actions_(std::move(actions)) {}
@@ -77,6 +38,23 @@ void Workbench::show(std::string sentence) {
 void Workbench::openProject(const Url& file) {
   documents_->open(file, [weak = weak_from_this()](const auto& opened) {
     if (const auto self = weak.lock()) self->take(opened);
+  });
+}
+
+void Workbench::openRecent(const Url& file) {
+  documents_->open(file, [weak = weak_from_this(), file](const auto& opened) {
+    const auto self = weak.lock();
+    if (!self || opened.ok()) return self ? self->take(opened) : void();
+    Queue::execute(false, [weak, file, opened] {
+      const bool gone = !fu_fileExists(file);
+      XMain::post([weak, file, opened, gone] {
+        const auto alive = weak.lock();
+        if (!alive || !gone) return alive ? alive->take(opened) : void();
+        alive->shelf_->recent()->remove(file);
+        alive->show("“" + alive->shelf_->nameOf(file) + "” is no longer at " + file.path() +
+                    ", and has left the list of recent projects.");
+      });
+    });
   });
 }
 
@@ -96,6 +74,29 @@ void Workbench::newProject() {
                           if (const auto alive = weak.lock()) alive->take(opened);
                         });
                       });
+}
+
+void Workbench::saveElsewhere() {
+  ZQPressureTask::flushAll();
+  sheet.set(Sheet::none);
+  ZQFileDialogs::save("Save the project elsewhere", "", kExtensions, std::nullopt,
+                      [weak = weak_from_this(), open = document()](const Url& file) {
+                        const auto self = weak.lock();
+                        if (!self) return;
+                        self->documents_->saveElsewhere(
+                            open, withExtension(file), [weak](const auto& saved) {
+                              const auto alive = weak.lock();
+                              if (alive && saved.ok()) alive->noteOpen();
+                              if (alive && !saved.ok())
+                                alive->show("Not saved there: " + saved.error().sentence);
+                            });
+                      });
+}
+
+void Workbench::noteOpen() {
+  const auto open = document();
+  shelf_->note(open->file(), open->content()->head.name);
+  shelf_->recent()->note(open->file());
 }
 
 void Workbench::take(const Result<std::shared_ptr<Document>>& opened) {
@@ -122,7 +123,7 @@ void Workbench::present(const std::shared_ptr<Document>& document) {
     if (const auto self = weak.lock()) self->documentChanged();
   });
   document_.set(document);
-  shelf_->note(document->file(), document->content()->head.name);
+  noteOpen();
   query.set("");
   const auto content = document->content();
   const auto groups = shownGroups(*content, "");

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <apps/configurator/document.hpp>
 #include <apps/configurator/insight.hpp>
+#include <apps/configurator/open_documents.hpp>
 #include <apps/configurator/shelf.hpp>
 
 namespace zq::configurator {
@@ -19,26 +19,6 @@ struct WindowActions {
   std::function<void()> quit = nullptr;         // asks every window to close
 };
 
-// The projects that are open in any window: one document a file. Interface thread only.
-class OpenDocuments : public std::enable_shared_from_this<OpenDocuments> {
- public:
-  void open(const Url& file, const Document::Opened& answer);
-  // An error where that file is open: its windows would lose what they show.
-  void create(const Url& file, const Document::Opened& answer);
-
- private:
-  struct Opening {
-    Url file;
-    std::vector<Document::Opened> answers;
-  };
-  std::shared_ptr<Document> find(const Url& file) const;
-  Opening* opening(const Url& file);
-  Document::Opened keep(const Url& file, const Document::Opened& answer);
-
-  std::vector<std::weak_ptr<Document>> documents_;
-  std::vector<Opening> opening_;
-};
-
 // One window: its project, what is selected and what is asked. Interface thread only.
 class Workbench : public ObservableObject, public std::enable_shared_from_this<Workbench> {
  public:
@@ -53,8 +33,12 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
   const std::shared_ptr<Insight>& insight() const { return insight_; }
 
   void openProject(const Url& file);
+  // One of the last; where it is gone, it leaves their list.
+  void openRecent(const Url& file);
   void chooseProject();
   void newProject();
+  // Asks for another file, where the project is from then on.
+  void saveElsewhere();
   // Once all is saved or the user does not mind.
   void close();
 
@@ -92,6 +76,7 @@ class Workbench : public ObservableObject, public std::enable_shared_from_this<W
 
  private:
   void take(const Result<std::shared_ptr<Document>>& opened);
+  void noteOpen();
   void present(const std::shared_ptr<Document>& document);
   void show(std::string sentence);
   void selectGroup(const std::optional<std::string>& id);

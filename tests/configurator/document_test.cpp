@@ -275,6 +275,7 @@ TEST_F(Documents, everyFileIsOneDocument) {
   all->open(url, keep);  // before the first is there
   platform.runUntilIdle();
   all->open(url, keep);
+  platform.runUntilIdle();
   ASSERT_EQ(opened.size(), 3U);
   EXPECT_EQ(opened[0], opened[1]);
   EXPECT_EQ(opened[0], opened[2]);
@@ -292,6 +293,60 @@ TEST_F(Documents, everyFileIsOneDocument) {
   failure.clear();
   platform.runUntilIdle();
   EXPECT_NE(failure, "");
+}
+
+TEST_F(Documents, aFileThatIsReachedByLinksIsOneDocumentToo) {
+  const Url link = Url::file(folder.path("link.zquic"));
+  std::filesystem::create_symlink(url.path(), link.path());
+  std::filesystem::create_directory_symlink(folder.path(""), folder.path("again"));
+  const Url around = Url::file(folder.path("again/link.zquic"));
+  const auto all = std::make_shared<OpenDocuments>();
+  const auto shelf = std::make_shared<Shelf>();
+  std::vector<std::shared_ptr<Workbench>> benches;
+  for (const Url& each : {link, url, around}) {
+    benches.push_back(std::make_shared<Workbench>(shelf, all, WindowActions{}));
+    benches.back()->openProject(each);
+  }
+  platform.runUntilIdle();
+  rename(*benches[0]->document(), "ours");
+  for (const auto& bench : benches) EXPECT_EQ(bench->document(), benches[0]->document());
+  EXPECT_EQ(shelf->entries().size(), 1U);
+  platform.advance(1);
+  EXPECT_EQ(onDisk().name, "ours");
+  EXPECT_TRUE(std::filesystem::is_symlink(link.path()));
+
+  std::string failure;
+  all->create(around, [&](const auto& made) { failure = made.ok() ? "" : made.error().sentence; });
+  platform.runUntilIdle();
+  EXPECT_NE(failure, "");
+}
+
+TEST_F(Documents, oneThatWasSavedElsewhereIsFoundThereAndNotWhereItWas) {
+  const auto all = std::make_shared<OpenDocuments>();
+  const Url there = Url::file(folder.path("there.zquic")), open = Url::file(folder.path("o.zquic"));
+  std::filesystem::copy_file(url.path(), open.path());
+  const auto at = [&](const Url& file) {
+    std::shared_ptr<Document> document;
+    all->open(file, [&](const auto& opened) { document = opened.value(); });
+    platform.runUntilIdle();
+    return document;
+  };
+  const auto moved = at(url), other = at(open);
+  const auto move = [&](const Url& file) {
+    std::optional<bool> saved;
+    all->saveElsewhere(moved, file, [&](const auto& result) { saved = result.ok(); });
+    platform.runUntilIdle();
+    return saved;
+  };
+  EXPECT_EQ(move(open), false);
+  rename(*moved, "meanwhile");
+  moved->saveNow();
+  EXPECT_EQ(move(there), true);
+  EXPECT_EQ(at(there), moved);
+  EXPECT_NE(at(url), moved);
+  renameAsOthers("theirs");
+  platform.advance(1);
+  EXPECT_EQ(moved->content()->head.name, "meanwhile");
 }
 
 TEST_F(Documents, aWindowThatShowsAnotherProjectLosesNothingOfTheLast) {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <apps/configurator/main_view.hpp>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <tests/configurator/open_project.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
@@ -42,6 +44,13 @@ class ConfiguratorWindow : public OpenProject {
     screen.host().accessibilitySetValue(field.id, text);
     screen.advance(0.5);
   }
+  // Nothing can be written beside the project until it is mended.
+  void breakFolder() const {
+    std::filesystem::remove_all(folder.path());
+    std::ofstream(place()) << "no folder";
+  }
+  void mendFolder() const { std::filesystem::remove(place()); }
+  std::filesystem::path place() const { return std::filesystem::path(url.path()).parent_path(); }
   void keys(const std::string& character, bool shift = false) {
     EXPECT_TRUE(screen.host().key({Key::character, character, {.shift = shift, .control = true}}))
         << character;
@@ -75,6 +84,16 @@ class ConfiguratorWindow : public OpenProject {
       at("sheet", [&] { bench->sheet.set(sheet); });
     }
     bench->sheet.set(Sheet::none);
+    at("not saved", [&] {
+      bench->pane.set(Pane::value);
+      breakFolder();
+      rename(*bench->document(), "kept");
+    });
+    at("not saved at the end", [&] { bench->close(); });
+    bench->sheet.set(Sheet::none);
+    mendFolder();
+    bench->document()->saveNow();
+    screen.advance(1);
     renameAsOthers("theirs");
     rename(*bench->document(), "ours");
     at("changed by others", [] {});
@@ -216,6 +235,56 @@ TEST_F(ConfiguratorWindow, isWorkedWithByPressesAndKeysAlone) {
   EXPECT_FALSE(named("Paper"));
   press("Empty the search");
   EXPECT_TRUE(named("Paper"));
+  bench->close();
+  screen.advance(1);
+  EXPECT_TRUE(closed);
+}
+
+TEST_F(ConfiguratorWindow, offersAnotherTryAndAnotherPlaceWhereASaveFails) {
+  const TempFolder other;
+  const auto failing = [&](const std::string& name) {
+    breakFolder();
+    rename(*bench->document(), name);
+    screen.advance(1);
+    EXPECT_TRUE(named("Try again") && named("Save elsewhere…"));
+    EXPECT_NE(screen.accessibility().find("kept in this window but not saved: cannot write"),
+              std::string::npos);
+  };
+  show();
+  failing("one");
+  press("Try again");
+  rename(*bench->document(), "two");
+  screen.settle();
+  EXPECT_TRUE(named("Try again")) << "it stays while the next save waits";
+  mendFolder();
+  press("Try again");
+  EXPECT_EQ(onDisk().name, "two");
+  EXPECT_FALSE(named("Try again"));
+
+  failing("three");
+  bench->close();
+  screen.advance(1);
+  EXPECT_EQ(bench->sheet.get(), Sheet::notSaved);
+  const auto saveAt = [&](const std::string& place) {
+    platform.fileDialogs().answerNext({place});
+    press("Save elsewhere…");
+    screen.advance(1);
+  };
+  saveAt((place() / "still not.zquic").string());
+  EXPECT_EQ(bench->sheet.get(), Sheet::failure);
+  EXPECT_EQ(bench->document()->file(), url);
+  bench->sheet.set(Sheet::none);
+  saveAt(other.path("safe"));
+  EXPECT_EQ(bench->sheet.get(), Sheet::none);
+  url = Url::file(other.path("safe.zquic"));
+  EXPECT_EQ(bench->document()->file(), url);
+  EXPECT_EQ(bench->shelf()->recent()->files().front(), url);
+  EXPECT_EQ(onDisk().name, "three");
+  keys("z");
+  EXPECT_EQ(onDisk().name, "two");
+  renameAsOthers("theirs");
+  screen.advance(1);
+  EXPECT_EQ(bench->document()->content()->head.name, "theirs") << "the new file is followed";
   bench->close();
   screen.advance(1);
   EXPECT_TRUE(closed);

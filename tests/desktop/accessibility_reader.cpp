@@ -1,16 +1,23 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
-// What a screen reader does, in a process of its own: walks an application's tree over the
-// accessibility bus, prints a line for each element, with the middle of its place on the screen,
-// and presses the one that is named.
-//   accessibility_reader APPLICATION [NAME]
+// What a screen reader does, in a process of its own, over the accessibility bus: it prints the
+// tree of an application, a line for each element with the middle of its place on the screen; acts
+// on the first that has this role and name and is not disabled; or prints what can be worked with
+// and has no name. Dialogs of the toolkit below are not ours to name.
+//   accessibility_reader APPLICATION
+//   accessibility_reader APPLICATION press|focus ROLE NAME
+//   accessibility_reader APPLICATION fill ROLE NAME TEXT
+//   accessibility_reader APPLICATION nameless
+// Ends with 1 where there is no such element or it cannot do that, or something is without a name;
+// with 3 where the application has not come yet.
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <algorithm>
+#include <functional>
 #include <iostream>
-#include <optional>
 #include <vector>
 
 namespace {
@@ -66,9 +73,33 @@ class Bus {
     extents.endStructure();
     return "@ " + std::to_string(x + width / 2) + " " + std::to_string(y + height / 2);
   }
-  bool press(const Element& e) const {
-    const auto answer = call(e, "org.a11y.atspi.Action", "DoAction", {0});
-    return !answer.arguments().isEmpty() && answer.arguments().constFirst().toBool();
+  // The number that a state has on the bus.
+  enum State : unsigned { kEditable = 7, kFocusable = 11, kSensitive = 24 };
+  bool is(const Element& e, State state) const {
+    const auto answer = call(e, "org.a11y.atspi.Accessible", "GetState", {});
+    if (answer.arguments().isEmpty()) return false;
+    const auto words = qdbus_cast<QList<uint>>(answer.arguments().constFirst());
+    return !words.isEmpty() && ((words.constFirst() >> state) & 1U) != 0;
+  }
+  QStringList actions(const Element& e) const {
+    QStringList names;
+    for (;;) {
+      const auto answer = call(e, "org.a11y.atspi.Action", "GetName", {int(names.size())});
+      const bool none = answer.type() == QDBusMessage::ErrorMessage || answer.arguments().isEmpty();
+      const QString name = none ? QString() : answer.arguments().constFirst().toString();
+      if (name.isEmpty()) return names;
+      names.push_back(name);
+    }
+  }
+  bool act(const Element& e, const QStringList& any) const {
+    const QStringList all = actions(e);
+    for (int i = 0; i < all.size(); ++i) {
+      if (any.contains(all[i])) return isTrue(call(e, "org.a11y.atspi.Action", "DoAction", {i}));
+    }
+    return false;
+  }
+  bool fill(const Element& e, const QString& text) const {
+    return isTrue(call(e, "org.a11y.atspi.EditableText", "SetTextContents", {text}));
   }
 
  private:
@@ -78,6 +109,10 @@ class Bus {
     const QDBusReply<QString> address =
         const_cast<QDBusInterface&>(bus).call(QStringLiteral("GetAddress"));
     return QDBusConnection::connectToBus(address.value(), QStringLiteral("a11y"));
+  }
+  static bool isTrue(const QDBusMessage& answer) {
+    return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty() &&
+           answer.arguments().constFirst().toBool();
   }
   QDBusMessage call(const Element& e, const char* interface, const char* method,
                     const QVariantList& arguments) const {
@@ -89,31 +124,67 @@ class Bus {
   QDBusConnection connection_;
 };
 
-// Whether the element to press was found and pressed.
-bool walk(const Bus& bus, const Element& e, const QString& press, int depth) {
-  const QString name = bus.name(e);
-  const QString role = bus.role(e);
-  std::cout << std::string(static_cast<std::size_t>(depth) * 2, ' ') << role.toStdString() << " '"
-            << name.toStdString() << "' " << bus.description(e).toStdString() << ' ' << bus.place(e)
-            << '\n';
-  bool pressed = !press.isEmpty() && name == press && role.contains("button") && bus.press(e);
-  for (const Element& child : bus.children(e)) {
-    pressed = walk(bus, child, press, depth + 1) || pressed;
+void print(const Bus& bus, const Element& e, int depth) {
+  std::cout << std::string(static_cast<std::size_t>(depth) * 2, ' ') << bus.role(e).toStdString()
+            << " '" << bus.name(e).toStdString() << "' " << bus.description(e).toStdString() << ' '
+            << bus.place(e) << '\n';
+  for (const Element& child : bus.children(e)) print(bus, child, depth + 1);
+}
+
+using Deed = std::function<bool(const Element& e)>;
+
+// Whether one was found that did it.
+bool doFirst(const Bus& bus, const Element& e, const QString& role, const QString& name,
+             const Deed& deed) {
+  if (bus.role(e) == role && bus.name(e) == name && bus.is(e, Bus::kSensitive) && deed(e)) {
+    return true;
   }
-  return pressed;
+  const auto children = bus.children(e);
+  return std::any_of(children.begin(), children.end(),
+                     [&](const Element& child) { return doFirst(bus, child, role, name, deed); });
+}
+
+// Whether everything has one.
+bool hasNames(const Bus& bus, const Element& e) {
+  const QString role = bus.role(e);
+  if (role == QStringLiteral("dialog")) return true;
+  bool all = true;
+  if (bus.name(e).isEmpty()) {
+    all = bus.actions(e).isEmpty() && !bus.is(e, Bus::kFocusable) && !bus.is(e, Bus::kEditable);
+    if (!all) std::cout << role.toStdString() << ' ' << bus.place(e) << '\n';
+  }
+  for (const Element& child : bus.children(e)) all = hasNames(bus, child) && all;
+  return all;
+}
+
+bool run(const Bus& bus, const Element& application, const QStringList& words) {
+  const QString order = words.value(2);
+  if (order == QStringLiteral("nameless")) return hasNames(bus, application);
+  const auto first = [&](const Deed& deed) {
+    return doFirst(bus, application, words.value(3), words.value(4), deed);
+  };
+  const auto action = [&](const QStringList& any) {
+    return first([&](const Element& e) { return bus.act(e, any); });
+  };
+  if (order == QStringLiteral("press")) return action({"Press", "Toggle"});
+  if (order == QStringLiteral("focus")) return action({"SetFocus"});
+  if (order == QStringLiteral("fill")) {
+    return first([&](const Element& e) { return bus.fill(e, words.value(5)); });
+  }
+  print(bus, application, 0);
+  return order.isEmpty();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const QCoreApplication app(argc, argv);
-  if (argc < 2) return 2;
+  const QStringList words = QCoreApplication::arguments();
+  if (words.size() < 2) return 2;
   const Bus bus;
   const Element registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"};
   for (const Element& application : bus.children(registry)) {
-    if (bus.name(application) != QString::fromLocal8Bit(argv[1])) continue;
-    const QString press = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString();
-    return walk(bus, application, press, 0) || press.isEmpty() ? 0 : 1;
+    if (bus.name(application) == words[1]) return run(bus, application, words) ? 0 : 1;
   }
-  return 3;  // it has not come yet
+  return 3;
 }

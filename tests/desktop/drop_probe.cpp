@@ -22,7 +22,7 @@ namespace {
 
 using namespace zq;
 
-constexpr QSize kSize(240, 440), kOfSource(240, 500);
+constexpr QSize kSize(240, 440), kOfSource(240, 560);
 constexpr QPoint kOfAreas(400, 40), kOfFurther(800, 40);
 
 std::function<void(const Url&)> tell(const std::string& word) {
@@ -137,6 +137,7 @@ View source(const std::string& folder, ViewHost& host, const std::shared_ptr<Rep
       {"three", files({"a b.txt", "\xC3\xA9.png", "100%#.txt"})},
       {"plain", files({"folder"})},
       {"app", files({"Tool.app"})},
+      {"project", files({"dropped.zquic"})},
       {"words", draggedText("gr\xC3\xBCn & 2")},
       {"unknown", {}},
       {"withheld", {}}};

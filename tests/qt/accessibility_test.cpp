@@ -210,6 +210,35 @@ TEST_F(Accessible, aFieldIsReadAndEditedThroughItsNativeEditor) {
   EXPECT_EQ(named(QStringLiteral("Field")), nullptr);
 }
 
+TEST_F(Accessible, whatIsWrittenInAFieldReachesItsOwnerAndEndsAsTypingDoes) {
+  std::string owned = "t\xC3\xA9xt";
+  int ended = 0;
+  const Binding<std::string> binding([&] { return owned; }, [&](const auto& now) { owned = now; });
+  host_.setRoot(VStack({TextField("Field", binding).onEditingEnded([&] { ++ended; }),
+                        TextField("Other", Binding<std::string>::constant(""))}));
+  settle();
+  auto* edited = named(QStringLiteral("Field"))->editableTextInterface();
+  ASSERT_NE(edited, nullptr);
+  edited->deleteText(0, 2);
+  EXPECT_EQ(owned, "xt");
+  settle();
+  edited->insertText(99, QStringLiteral("\u00FC"));
+  settle();
+  edited->replaceText(-1, 1, QStringLiteral("new te"));
+  settle();
+  EXPECT_EQ(owned, "new tet\xC3\xBC");
+  EXPECT_EQ(named(QStringLiteral("Field"))->text(QAccessible::Value),
+            QStringLiteral("new tet\u00FC"));
+  EXPECT_EQ(ended, 0);
+  named(QStringLiteral("Other"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::setFocusAction());
+  settle();
+  EXPECT_EQ(ended, 1);
+  show({.enabled = false});
+  EXPECT_EQ(named(QStringLiteral("Field"))->editableTextInterface(), nullptr);
+}
+
 TEST_F(Accessible, aNumberIsReadAndSetBetweenItsEnds) {
   std::vector<double> set;
   const auto slider = [&](double value) {

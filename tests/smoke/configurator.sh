@@ -1,19 +1,21 @@
 #!/usr/bin/env bash
 # A session with the configurator on a virtual display, with pointer and keyboard alone: a new
-# project with groups and a value of each type, changed, undone, renamed, saved and opened again;
-# then the settings of an application that runs beside it and follows.
+# project with groups and a value of each type, changed, undone, renamed, saved and opened again; one
+# that is dragged there; then the settings of an application that runs beside it and follows.
 set -euo pipefail
 bin=$1
 for program in Xvfb xdotool dbus-run-session; do
   command -v "$program" >/dev/null || exit 77
 done
-[[ -x $bin/zq-configurator && -x $bin/accessibility_reader && -x $bin/zqc ]] || exit 77
+[[ -x $bin/zq-configurator && -x $bin/accessibility_reader && -x $bin/drop_probe && -x $bin/zqc ]] || exit 77
 
 # shellcheck source=tests/smoke/home.bash
 source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
 on_own_bus "$bin"
 # shellcheck source=tests/smoke/display.bash
 source "$(dirname "${BASH_SOURCE[0]}")/display.bash"
+# shellcheck source=tests/smoke/drag.bash
+source "$(dirname "${BASH_SOURCE[0]}")/drag.bash"
 export XDG_DATA_HOME=$home/data XDG_CONFIG_HOME=$home/config
 
 pictures=0
@@ -108,7 +110,23 @@ until_true find_place 'list item' 'New Group 2'
 click 'list item' 'New Group 2'
 until_true find_place 'list item' Ratio
 keep opened-again
-focus 'sample — Configurator'
+
+# A project that another process drags onto the window is shown there.
+mkdir "$home/dragged"
+cat >"$home/dragged/dropped.zquic" <<'JSON'
+{"name": "Dropped", "groupList": [{"name": "From afar", "itemList": [{"key": "Depth"}]}]}
+JSON
+onto=$window
+start_source "$home/dragged"
+pick_up project
+keep dragged
+carry_to "$onto" 800 500
+let_go copied
+until_true shows_window 'Dropped — Configurator'
+echo quit >&7
+until_true find_place 'list item' 'From afar'
+keep dropped
+focus 'Dropped — Configurator'
 xdotool key ctrl+q
 until_true ended
 wait "$configurator"
@@ -152,4 +170,4 @@ wait "$watcher"
 xdotool key ctrl+q
 until_true ended
 wait "$configurator"
-echo "a project made, changed, undone, renamed, saved and opened again; an application followed"
+echo "a project made, changed, undone, renamed, saved, opened again and dropped; an application followed"

@@ -17,43 +17,13 @@ files=$home/files
 mkdir -p "$files/folder" "$files/Tool.app"
 touch "$files/a b.txt" "$files/é.png" "$files/100%#.txt" "$files/chosen.txt"
 
-mkdir "$home/source"
-mkfifo "$home/source/in"
-"$bin/drop_probe" source "$files" <"$home/source/in" >"$home/source/out" 2>"$home/source/err" &
-pids+=($!)
-exec 7>"$home/source/in"
-told() { grep -qxF -- "$1" "$home/source/out"; }
-until_true told ready
-source_window=$(xdotool search --sync --onlyvisible --name '^SOURCE$')
-echo places >&7
-until_true grep -q '^at unknown' "$home/source/out"
+# shellcheck source=tests/smoke/drag.bash
+source "$(dirname "${BASH_SOURCE[0]}")/drag.bash"
+start_source "$files"
 
 start_probe "drop_probe" AREAS
 find_places text
 
-number=0
-pick_up() {  # WHAT: until the drag is under way
-  number=$((number + 1))
-  local x y
-  read -r x y <<<"$(sed -n "s/^at $1 //p" "$home/source/out")"
-  xdotool mousemove --window "$source_window" "$x" "$y" mousedown 1
-  until_true nudged "dragging $number"
-}
-# Moves the pointer to and fro, by more than the ten points that make a drag.
-by=12
-nudged() {
-  by=$((-by))
-  xdotool mousemove_relative -- "$by" 0
-  told "$1"
-}
-carry_to() {  # WINDOW X Y
-  xdotool mousemove --window "$1" "$2" "$3"
-  until_true nudged "over $number taken"
-}
-let_go() {  # HOW it ends
-  xdotool mouseup 1
-  until_true told "ended $number $1"
-}
 drop() {  # WHAT AREA
   pick_up "$1"
   # shellcheck disable=SC2046
@@ -85,7 +55,7 @@ for ((round = 1; round <= rounds; round++)); do
   # shellcheck disable=SC2046
   carry_to "$window" $(place file)
   xdotool mousemove 1200 700
-  until_true nudged "over $number nothing"
+  until_true nudged "over $drags nothing"
   let_go refused
 
   echo open >&6
@@ -100,7 +70,7 @@ for ((round = 1; round <= rounds; round++)); do
   # What the source asked of the window is never answered, so it may think itself welcome.
   for _ in 1 2; do nudged never || true; done
   xdotool mouseup 1
-  until_true grep -q "^ended $number " "$home/source/out"
+  until_true grep -q "^ended $drags " "$home/source/out"
   if [[ $(lines) != "$before" ]]; then
     echo "something was dropped that should not be" >&2
     exit 1
@@ -121,7 +91,7 @@ hang() {  # WINDOW
 hung() { [[ $(grep -cx asked "$home/source/out") == "$asked" ]]; }
 go_on() {
   echo go >&7
-  until_true grep -q "^ended $number " "$home/source/out"
+  until_true grep -q "^ended $drags " "$home/source/out"
 }
 leave() {  # HOW TIMES: the window that it asked goes meanwhile; other drops are taken afterwards
   opened=$((opened + 1))

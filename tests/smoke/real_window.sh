@@ -55,8 +55,10 @@ resized() {
 until_true resized
 
 tree=$home/tree
-read_tree() { "$bin/accessibility_reader" window_probe OK >"$tree" 2>/dev/null; }
-until_true read_tree
+reader() { "$bin/accessibility_reader" window_probe "$@" 2>/dev/null; }
+pressed() { reader press 'push button' OK; }
+until_true pressed
+reader >"$tree"
 until_true heard "pressed OK" 2
 for name in Save Settings OK; do
   grep -q "push button '$name'" "$tree" || { echo "not in the accessibility tree: $name" >&2; cat "$tree" >&2; exit 1; }

@@ -2,6 +2,7 @@
 #include <QAccessibleInterface>
 #include <QLineEdit>
 #include <QWindow>
+#include <algorithm>
 #include <zqswiftui/platform/qt/accessible_node.hpp>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/host_fields.hpp>
@@ -169,11 +170,15 @@ void* AccessibleNode::interface_cast(QAccessible::InterfaceType type) {
   if (type == QAccessible::ValueInterface && self->number) {
     return static_cast<QAccessibleValueInterface*>(this);
   }
+  if (self->role != Role::textField) return nullptr;
+  QLineEdit* edit = tree_.lock()->host().fields().editor(id_);
+  if (edit == nullptr) return nullptr;
+  if (type == QAccessible::EditableTextInterface && self->enabled) {
+    return static_cast<QAccessibleEditableTextInterface*>(this);
+  }
   // Cursor and selection are those of the native editor over the field.
-  if (self->role == Role::textField &&
-      (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface)) {
-    QLineEdit* edit = tree_.lock()->host().fields().editor(id_);
-    auto* native = edit != nullptr ? QAccessible::queryAccessibleInterface(edit) : nullptr;
+  if (type == QAccessible::TextInterface) {
+    auto* native = QAccessible::queryAccessibleInterface(edit);
     return native != nullptr ? native->interface_cast(type) : nullptr;
   }
   return nullptr;
@@ -205,6 +210,26 @@ void AccessibleNode::doAction(const QString& name) {
 
 QStringList AccessibleNode::keyBindingsForAction(const QString&) const {
   return {};
+}
+
+void AccessibleNode::deleteText(int from, int to) {
+  replaceText(from, to, {});
+}
+
+void AccessibleNode::insertText(int at, const QString& text) {
+  replaceText(at, at, text);
+}
+
+void AccessibleNode::replaceText(int from, int to, const QString& text) {
+  const auto tree = tree_.lock();
+  const QLineEdit* edit = tree ? tree->host().fields().editor(id_) : nullptr;
+  if (edit == nullptr) return;
+  QString whole = edit->text();
+  const auto first = std::clamp<qsizetype>(from, 0, whole.size());
+  const auto last = std::clamp<qsizetype>(to, first, whole.size());
+  whole.replace(first, last - first, text);
+  tree->host().host().accessibilityFocus(id_);
+  tree->host().host().accessibilitySetValue(id_, whole.toStdString());
 }
 
 QVariant AccessibleNode::number(double AccessibleNumber::*part) const {

@@ -11,6 +11,7 @@ namespace zq::qt {
 // One view as Qt's assistive technology sees it. Answers as invalid once the view has gone.
 class AccessibleNode final : public QAccessibleInterface,
                              public QAccessibleActionInterface,
+                             public QAccessibleEditableTextInterface,
                              public QAccessibleValueInterface {
  public:
   AccessibleNode(std::weak_ptr<AccessibleTree> tree, std::uint64_t id)
@@ -36,6 +37,12 @@ class AccessibleNode final : public QAccessibleInterface,
   QStringList actionNames() const override;
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString& name) const override;
+
+  // As a user's typing, which the native editor does not make of them: the field has the focus
+  // meanwhile, so that what comes with the end of editing comes.
+  void deleteText(int from, int to) override;
+  void insertText(int at, const QString& text) override;
+  void replaceText(int from, int to, const QString& text) override;
 
   QVariant currentValue() const override;
   void setCurrentValue(const QVariant& value) override;

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 // The whole window as users of a screen reader, of the keyboard, of large texts and of other
 // directions of writing meet it.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <apps/configurator/main_view.hpp>
@@ -8,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 #include <tests/configurator/open_project.hpp>
+#include <tests/toolkit/fitting.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 
 namespace zq::configurator {
@@ -132,6 +134,7 @@ TEST_F(ConfiguratorWindow, hasTargetsThatCanBeHit) {
       EXPECT_GE(node.bounds.width, 24) << node.name;
       EXPECT_GE(node.bounds.height, 24) << node.name;
     });
+    EXPECT_THAT(fitting::targetFaults(screen), testing::IsEmpty());
   });
 }
 
@@ -149,6 +152,9 @@ TEST_P(ConfiguratorWindowWritten, cutsNothingOffAtLargeTexts) {
     });
   };
   everywhere([&] {
+    for (const fitting::TextFault& fault : fitting::textFaults(screen)) {
+      EXPECT_TRUE(fault.shortened) << fault.text << ' ' << fault.what;
+    }
     for (const DrawnCommand& drawn : screen.drawn()) {
       const auto* const text = std::get_if<DrawText>(&drawn.command);
       if (!text || text->maxLines != 0 || inField(drawn.bounds)) continue;

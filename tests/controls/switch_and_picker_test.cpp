@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <zqswiftui/controls/picker.hpp>
 #include <zqswiftui/controls/switch.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
@@ -51,6 +52,20 @@ TEST(Picker, opensItsListAndTakesOneOfIt) {
   EXPECT_EQ(closed.value, "text");
   h.click(closed);
   EXPECT_EQ(h.button("text").checked, true);
+  const auto isLit = [&h](const char* choice) {
+    const Rect at = h.button(choice).bounds;
+    const auto all = h.drawn();
+    return std::any_of(all.begin(), all.end(), [&](const DrawnCommand& drawn) {
+      const auto* ground = std::get_if<FillRoundedRect>(&drawn.command);
+      return ground && drawn.bounds == at &&
+             std::get<Color>(ground->paint) == Color::accent().opacity(0.25);
+    });
+  };
+  h.hover(h.button("number"));
+  EXPECT_TRUE(isLit("number"));
+  h.hover(h.button("point"));
+  EXPECT_TRUE(isLit("point"));
+  EXPECT_FALSE(isLit("number"));
   h.click(h.button("point"));
   EXPECT_FALSE(h.button("point")) << "closed again";
   EXPECT_EQ(h.button("Type").value, "point");

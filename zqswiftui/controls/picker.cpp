@@ -1,5 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 #include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/controls/picker.hpp>
 #include <zqswiftui/platform/toolkit/button.hpp>
@@ -12,10 +15,19 @@
 namespace zq {
 namespace {
 
-View choiceRow(const std::string& choice, bool chosen, std::function<void()> choose) {
-  return Button(std::move(choose), listLine({.title = choice, .checked = chosen}))
-      .accessibility({.label = choice, .checked = chosen});
-}
+// A line of the open list, lit under the pointer.
+struct PickerLine {
+  std::string choice;
+  bool chosen;
+  std::function<void()> choose;
+
+  View body(Context& context) const {
+    const auto hovered = context.state(false);
+    return Button(choose, listLine({.title = choice, .checked = chosen, .lit = *hovered}))
+        .onHover([hovered](bool inside) { hovered.set(inside); })
+        .accessibility({.label = choice, .checked = chosen});
+  }
+};
 
 }  // namespace
 
@@ -29,7 +41,7 @@ View Picker::list(const Binding<bool>& isOpen) const {
       isOpen.set(false);
       selection.set(i);
     };
-    rows.push_back(choiceRow(parameters_.choices[i], i == selected, choose));
+    rows.emplace_back(PickerLine{parameters_.choices[i], i == selected, choose});
   }
   return listOfLines(std::move(rows));
 }

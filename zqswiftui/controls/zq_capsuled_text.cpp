@@ -14,7 +14,8 @@ double linear(double component) {
   return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
 
-// Relative luminance, from 0 to 1.
+// Relative luminance of WCAG 2.2, from 0 to 1, of what is seen of a colour over another one:
+// 0.2126 R + 0.7152 G + 0.0722 B, of components made linear.
 double luminance(const RGBA& front, const RGBA& behind) {
   const auto mixed = [alpha = static_cast<double>(front.alpha)](float a, float b) {
     return linear(alpha * static_cast<double>(a) + (1 - alpha) * static_cast<double>(b));

@@ -32,7 +32,8 @@ class ZQCapsuledText : public ViewModifiers<ZQCapsuledText> {
   Parameters parameters_;
 };
 
-// White or black: the one with the higher contrast on that background over the window.
+// White or black: the one with the higher contrast on that background over the window. As WCAG 2.2
+// measures it (success criterion 1.4.3), that is 4.5:1 or more on every colour.
 Color readableTextColor(Color background, ColorScheme scheme);
 
 }  // namespace zq

@@ -1,6 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <zqswiftui/controls/hover_opacity.hpp>
+#include <zqswiftui/controls/zq_capsuled_text.hpp>
 #include <zqswiftui/controls/zq_large_square_button.hpp>
+#include <zqswiftui/platform/toolkit/context.hpp>
+#include <zqswiftui/platform/toolkit/environment.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
@@ -23,10 +26,14 @@ View face(const std::string& title, const std::string& symbol) {
 }
 
 // Whatever is drawn over the face must lie inside of what is pressed, or it would take the click.
-View square(const ZQLargeSquareButton::Parameters& p, const View& face, Context& context) {
+View square(const ZQLargeSquareButton::Parameters& p, View face, Context& context) {
   const double resting = p.backgroundColor ? 0.5 : 0.1;
   const double hover = p.backgroundColor ? 0.75 : 0.3;
   const auto opacity = context.state(resting);
+  if (p.backgroundColor) {
+    const ColorScheme scheme = context.environment<ColorSchemeKey>();
+    face = face.foregroundColor(readableTextColor(p.backgroundColor->opacity(*opacity), scheme));
+  }
   return face
       .background(RoundedRectangle(kSquareRadius)
                       .fill(p.backgroundColor.value_or(Color::gray()))

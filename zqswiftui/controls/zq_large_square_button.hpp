@@ -12,7 +12,8 @@ namespace zq {
 
 // A square of 96 points with a large symbol over a title, for the few choices of a start page.
 // Its background is at opacity 0.1 without a colour and 0.5 with one, and at 0.3 and 0.75 under
-// the pointer. A null action does nothing. Interface thread only.
+// the pointer; on a colour, symbol and title are black or white, whichever stands out more. A null
+// action does nothing. Interface thread only.
 //   ZQLargeSquareButton("New project", {.systemImage = "plus", .action = create})
 class ZQLargeSquareButton : public ViewModifiers<ZQLargeSquareButton> {
  public:

@@ -20,6 +20,7 @@ View ZQTimecodeView::body(Context& context) const {
   return HStack({.spacing = 0},
                 {field(0, 2), colon, field(3, 5), colon, field(6, 8), point, field(9, 11)})
       .lineLimit(1)
+      .fixedSize()  // digits that wrapped would be another time
       .font(Font::custom("Courier New", fontSize_).monospaced())
       .environment<LayoutDirectionKey>(LayoutDirection::leftToRight)
       .accessibility({.hidden = true})

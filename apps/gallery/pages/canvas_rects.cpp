@@ -63,16 +63,18 @@ View canvas(View overlay, double width = 464) {
       .overlay(std::move(overlay));
 }
 
-View numbers(const Rect& rect, int decimals) {
-  const auto number = [decimals](const std::string& name, double value) {
-    return sample(name, Text(spokenNumber(value, decimals)))
-        .frame({.width = 64,
-            .alignment = Alignment::leading(),
-            .growsWithText = true});
-  };
-  return HStack({.spacing = 8},
-      {number("x", rect.x), number("y", rect.y),
-          number("width", rect.width), number("height", rect.height)});
+View number(const std::string& name, const std::string& value) {
+  return sample(name, Text(value))
+      .frame({.width = 64,
+          .alignment = Alignment::leading(),
+          .growsWithText = true});
+}
+
+std::vector<View> numbers(const Rect& rect, int decimals) {
+  return {number("x", spokenNumber(rect.x, decimals)),
+      number("y", spokenNumber(rect.y, decimals)),
+      number("width", spokenNumber(rect.width, decimals)),
+      number("height", spokenNumber(rect.height, decimals))};
 }
 
 View column(std::vector<View> all) {
@@ -93,18 +95,17 @@ struct Crop {
               [value](bool) { return value; }));
     };
     return column({
-        HStack({.spacing = 8},
-            {choice("Free", "rectangle", Bound::none),
-                choice("Full width", "arrow.right", Bound::width),
-                choice("Full height", "arrow.down", Bound::height),
-                PushButton(*small ? "Zoom in" : "Zoom out",
-                    [small] { small.set(!*small); })}),
+        samples({choice("Free", "rectangle", Bound::none),
+            choice("Full width", "arrow.right", Bound::width),
+            choice("Full height", "arrow.down", Bound::height),
+            PushButton(*small ? "Zoom in" : "Zoom out",
+                [small] { small.set(!*small); })}),
         canvas(ZQCanvasRectDrawingView({.rect = rect.binding(),
                    .targetSize = Size{1920, 1080},
                    .bound = *bound,
                    .color = Color::yellow()}),
             *small ? 304 : 464),
-        numbers(*rect, 0),
+        samples(numbers(*rect, 0)),
     });
   }
 };
@@ -113,14 +114,14 @@ struct Corners {
   View body(Context& context) const {
     auto rect = context.state(Rect{0.1, 0.5, 0.4, 0.35});
     auto times = context.state(0);
+    std::vector<View> shown = numbers(*rect, 3);
+    shown.push_back(number("changes", std::to_string(*times)));
     return column({
         canvas(ZQDraggableRect({.rect = rect.binding(),
             .rectColor = Color::white(),
             .valueChangedCallback =
                 [times](const Rect&) { times.set(*times + 1); }})),
-        HStack({.spacing = 8},
-            {numbers(*rect, 3),
-                sample("changes", Text(std::to_string(*times)))}),
+        samples(std::move(shown)),
     });
   }
 };
@@ -147,11 +148,8 @@ struct Range {
                 RoundedRectangle(6).fill(Color::primary().opacity(0.05)))
             .overlay(ZQCanvasRangeRectView(
                 range.binding(), {0, 90}, Color::orange())),
-        HStack({.spacing = 8},
-            {sample("from", Text(spokenNumber(range->start, 1) + " s"))
-                    .frame(
-                        {.width = 64, .alignment = Alignment::leading()}),
-                sample("to", Text(spokenNumber(range->end, 1) + " s"))}),
+        samples({number("from", spokenNumber(range->start, 1) + " s"),
+            number("to", spokenNumber(range->end, 1) + " s")}),
     });
   }
 };

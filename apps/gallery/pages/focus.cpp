@@ -13,8 +13,8 @@ struct Focus {
     const auto press = [last](const std::string& what) {
       return [last, what] { last.set(what); };
     };
-    const View form = HStack({.spacing = 12},
-        {TextField("Name", name.binding()).frame({.width = 160}),
+    const View form =
+        samples({TextField("Name", name.binding()).frame({.width = 160}),
             PushButton("Save", press("Save")),
             PushButton("Reset", press("Reset")),
             PushButton("Disabled", press("never")).disabled()});

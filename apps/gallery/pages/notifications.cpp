@@ -98,19 +98,18 @@ struct Notifications {
           {.alignment = HorizontalAlignment::leading, .spacing = 12},
           std::move(all));
     };
-    const View status =
-        column({ZQNotificableTextView("worker.status").lineLimit(1),
-            ZQNotificablePercentageView({.key = "worker.progress"})
-                .frame({.width = 240})
-                .accessibilityLabel("Pictures made"),
-            PushButton(
-                running ? "Stop" : "Start", [worker] { worker->turn(); })});
+    const View status = column({ZQNotificableTextView("worker.status"),
+        ZQNotificablePercentageView({.key = "worker.progress"})
+            .frame({.width = 240})
+            .accessibilityLabel("Pictures made"),
+        PushButton(
+            running ? "Stop" : "Start", [worker] { worker->turn(); })});
     const View again = HStack({.spacing = 16},
         {preview(96), ZQNotificableTextView("worker.status")});
     return cards(
         {
             card("From a thread of its own",
-                HStack({.spacing = 24}, {preview(240), status})),
+                samples({preview(240), status})),
             card("A hundred numbers for each picture, one redraw a frame",
                 column({ZQNotificablePercentageView(
                             {.key = "worker.progress",

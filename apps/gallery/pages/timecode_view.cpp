@@ -44,7 +44,7 @@ struct RunningTimecode {
                             .frame({.height = 8});
     return VStack(
         {.alignment = HorizontalAlignment::leading, .spacing = 12},
-        {ZQTimecodeView(time, 48), played,
+        {ZQTimecodeView(time, 36), played,
             HStack({.spacing = 8},
                 {PushButton(player->running.get() ? "Pause" : "Run",
                      [player] { player->turn(); }),
@@ -61,14 +61,13 @@ struct Timecodes {
     return cards({
         card("Only the digits that change are drawn again",
             RunningTimecode()),
-        card("At 16, 32 and 56 points",
+        card("At 16, 24 and 32 points",
             VStack(
                 {.alignment = HorizontalAlignment::leading, .spacing = 12},
-                {ZQTimecodeView(3723.04, 16), ZQTimecodeView(3723.04),
-                    ZQTimecodeView(3723.04, 56)})),
+                {ZQTimecodeView(3723.04, 16), ZQTimecodeView(3723.04, 24),
+                    ZQTimecodeView(3723.04)})),
         card("Before zero, and no number",
-            HStack({.spacing = 32},
-                {ZQTimecodeView(-1.5, 24), ZQTimecodeView(NAN, 24)})),
+            samples({ZQTimecodeView(-1.5, 24), ZQTimecodeView(NAN, 24)})),
         card("Light and dark", lightAndDark(small)),
         card("From left to right also where texts run from the right",
             bothDirections(small)),

@@ -22,6 +22,11 @@ struct Modifiers {
 // rows of a list are, is no stop of its own.
 enum class TabStop : unsigned char { yes, no };
 
+// The least width and height of what reacts to a press, in points: WCAG 2.2, success criterion
+// 2.5.8. What is drawn smaller reacts in a square of this size around its middle, unless another
+// target is hit exactly there or a nearer small one takes it.
+constexpr double kLeastTarget = 24;
+
 enum class PointerButton : unsigned char { primary, secondary, middle };
 
 enum class Key : unsigned char {

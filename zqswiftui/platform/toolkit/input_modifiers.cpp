@@ -246,9 +246,7 @@ class HitAreaValue final : public ModifierValue<HitAreaValue, HitAreaNode> {
 class HitAreaNode final : public ModifierNode<HitAreaValue> {
  public:
   using ModifierNode::ModifierNode;
-  bool hitTest(Point point, HitPath& path) override {
-    return value().contains(point) && ModifierNode::hitTest(point, path);
-  }
+  bool admits(Point point) const override { return value().contains(point); }
   std::string debugName() const override { return "HitArea"; }
 };
 

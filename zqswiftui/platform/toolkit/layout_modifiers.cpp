@@ -228,9 +228,7 @@ class TransformNode final : public FieldNode<Transform, TransformNode> {
     const bool stands = child() && !hasMemory();
     stands ? child()->damageAll() : FieldNode::damageAll();
   }
-  bool hitTest(Point point, HitPath& path) override {
-    return field().scale > 0 && Node::hitTest(point, path);
-  }
+  bool admits(Point) const override { return field().scale > 0; }
 
  protected:
   void fieldMoved() override {

@@ -133,9 +133,6 @@ class ClipNode final : public ModifierNode<ClipValue> {
   using ModifierNode::ModifierNode;
   std::string debugName() const override { return "Clip"; }
   bool clipsChildren() const override { return true; }
-  bool hitTest(Point point, HitPath& path) override {
-    return localBounds().contains(point) && Node::hitTest(point, path);
-  }
   void paint(PaintPass& pass, Point origin) override {
     const Rect all = localBounds().offsetBy(origin);
     if (value().shape) {

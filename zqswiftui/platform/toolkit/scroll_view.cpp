@@ -40,9 +40,6 @@ class ScrollNode final : public ModifierNode<ScrollValue>, public Responder {
     return WrapperNode::mapToChild(child, {p.x + offset_.x, p.y + offset_.y});
   }
   bool clipsChildren() const override { return true; }
-  bool hitTest(Point point, HitPath& path) override {
-    return localBounds().contains(point) && Node::hitTest(point, path);
-  }
   bool wheel(const WheelEvent& event) override {
     double x = std::isnan(event.deltaX) ? 0 : event.deltaX;
     double y = std::isnan(event.deltaY) ? 0 : event.deltaY;

@@ -99,6 +99,10 @@ bool ViewHost::pointerUp(Point p, PointerButton b, Modifiers) {
 void ViewHost::pointerLeft() {
   tree_->pointer().left();
 }
+std::uint64_t ViewHost::pressTarget(Point p) const {
+  const Node* const node = tree_->pointer().pressTarget(p);
+  return node ? node->id() : 0;
+}
 bool ViewHost::wheel(const WheelEvent& e) {
   return tree_->pointer().wheel(e);
 }

@@ -96,6 +96,9 @@ class ViewHost {
   bool pointerMove(Point position, Modifiers = {});
   bool pointerUp(Point position, PointerButton button, Modifiers = {});
   void pointerLeft();
+  // The element that a press at the point would press, 0 for none. It may lie beside it: a small
+  // one reacts in a square of kLeastTarget.
+  std::uint64_t pressTarget(Point position) const;
   bool wheel(const WheelEvent& event);
   // What is pressed or dragged is taken away: the host begins a drag out of its window.
   void cancelGestures();

@@ -293,6 +293,7 @@ void Node::bringInSight(Rect rect) {
 }
 
 bool Node::hitTest(Point point, HitPath& path) {
+  if (!admits(point)) return false;
   if (hitChildren(point, path) || (takesPointer() && localBounds().contains(point))) {
     path.push_back({this, point});
     return true;

@@ -150,6 +150,10 @@ class Node {
   }
 
   // --- Input ---
+  // Whether the pointer finds anything of this node and its children at that point.
+  virtual bool admits(Point point) const {
+    return !clipsChildren() || localBounds().contains(point);
+  }
   // Adds the nodes at the point, the front-most first, to the path; whether there was one.
   virtual bool hitTest(Point point, HitPath& path);
   bool hitChildren(Point point, HitPath& path);

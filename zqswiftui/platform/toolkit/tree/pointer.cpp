@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <cmath>
+#include <zqswiftui/platform/toolkit/tree/near_target.hpp>
 #include <zqswiftui/platform/toolkit/tree/pointer.hpp>
 #include <zqswiftui/platform/toolkit/tree/responder.hpp>
 #include <zqswiftui/platform/toolkit/tree/root_node.hpp>
@@ -36,13 +37,35 @@ HitPath PointerController::hit(Point position) const {
   return path;
 }
 
+HitPath PointerController::aimed(Point position) const {
+  const HitPath exact = hit(position);
+  Node* const near = nearTarget(tree_, position, exact);
+  HitPath path;
+  const auto isHit = [&](const Node* node) {
+    return std::any_of(exact.begin(), exact.end(), [&](const Hit& h) { return h.node == node; });
+  };
+  for (Node* node = near; node && !isHit(node); node = node->parent()) {
+    path.push_back({node, node->fromWindow(position)});
+  }
+  path.insert(path.end(), exact.begin(), exact.end());
+  return path;
+}
+
+Node* PointerController::pressTarget(Point position) const {
+  for (const Hit& h : aimed(position)) {
+    const Responder* r = enabledResponder(*h.node);
+    if (r && r->wantsPress()) return h.node;
+  }
+  return nullptr;
+}
+
 bool PointerController::down(Point position, PointerButton button, int clicks) {
   position_ = position;
   if (tree_.popovers().dismissedBy(position)) return true;
   if (button == PointerButton::secondary) return secondaryTap(position);
   if (button != PointerButton::primary) return false;
   if (press_ || drag_) cancelGestures();  // its release was lost
-  const HitPath path = hit(position);
+  const HitPath path = aimed(position);
   grabPath_.clear();
   for (const Hit& h : path) grabPath_.push_back(h.node);
   bool focusedSome = false;
@@ -104,7 +127,7 @@ bool PointerController::move(Point position) {
     if (dragging_ && gesture.onChanged) gesture.onChanged(dragValue(position));
   }
   if (press_) {
-    const bool inside = press_->localBounds().contains(press_->fromWindow(position));
+    const bool inside = reaches(*press_, position);
     if (inside != pressInside_) {
       pressInside_ = inside;
       press_->responder()->pressChanged(inside);
@@ -135,9 +158,7 @@ bool PointerController::up(Point position, PointerButton button) {
   }
   drag_ = nullptr;
   dragging_ = false;
-  if (press_) {
-    pressInside_ = pressInside_ && press_->localBounds().contains(press_->fromWindow(position));
-  }
+  if (press_) pressInside_ = pressInside_ && reaches(*press_, position);
   endPress(true);
   grabPath_.clear();
   refresh();
@@ -181,7 +202,7 @@ void PointerController::refresh() {
   if (drag_ && !drag_->environment().enabled) cancelDrag();
   if (targeted_ && !targeted_->environment().enabled) setTargeted(nullptr);
   HitPath path;
-  if (position_ && active_ && visible_ && !dragging_ && !targeted_) path = hit(*position_);
+  if (position_ && active_ && visible_ && !dragging_ && !targeted_) path = aimed(*position_);
   std::vector<Node*> nodes;
   for (const Hit& h : path) {
     const Responder* r = enabledResponder(*h.node);

@@ -19,6 +19,8 @@ class PointerController {
   bool move(Point position);
   bool up(Point position, PointerButton button);
   void left();
+  // What a press at that point would press; none where nothing would be.
+  Node* pressTarget(Point position) const;
   bool wheel(const WheelEvent& event);
   bool dragMoved(const DropInfo& info);
   void dragLeft();
@@ -34,6 +36,8 @@ class PointerController {
 
  private:
   HitPath hit(Point position) const;
+  // The same, with the small target that is meant by a point beside it.
+  HitPath aimed(Point position) const;
   void setHovered(std::vector<Node*> nodes);
   void updateCursorAndHelp(const HitPath& path);
   void setTargeted(Node* node);

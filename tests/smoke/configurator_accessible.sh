@@ -9,6 +9,7 @@ for program in Xvfb dbus-run-session; do
   command -v "$program" >/dev/null || exit 77
 done
 [[ -x $bin/zq-configurator && -x $bin/accessibility_reader && -x $bin/zqc ]] || exit 77
+
 # shellcheck source=tests/smoke/home.bash
 source "$(dirname "${BASH_SOURCE[0]}")/home.bash"
 on_own_bus "$bin"

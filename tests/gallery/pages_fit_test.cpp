@@ -15,9 +15,8 @@ namespace {
 
 constexpr double kPageWidth = 900;
 constexpr double kBesideCode = 552;  // beside its code, in the window as large texts leave it
-constexpr double kMoreRoom = 1000;   // as a page that scrolls has
 
-// A page with all of its height, so that it need not scroll.
+// A page with just the height that it asked for.
 class PagesFit : public testing::TestWithParam<std::size_t> {
  protected:
   void show(const AppearanceValues& appearance, double width = kPageWidth) {
@@ -25,7 +24,7 @@ class PagesFit : public testing::TestWithParam<std::size_t> {
     screen_->setAppearance(appearance);
     const Size wanted = screen_->host().sizeThatFits({width, std::nullopt});
     EXPECT_LE(wanted.width, width + fitting::kRounding);  // a page scrolls up and down alone
-    screen_->resize({width, wanted.height + kMoreRoom});
+    screen_->resize({width, wanted.height});
   }
   Harness& screen() { return *screen_; }
 

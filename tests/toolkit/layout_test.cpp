@@ -168,6 +168,8 @@ TEST(ShareLength, givesTheLeastFlexibleFirstAndNeverLessThanNothing) {
   EXPECT_EQ(share(100, {{0, 30, 0}, {0, kInfinity, 0}}), (Lengths{30, 70}));
   EXPECT_EQ(share(100, {{30, 100, 0}, {0, 100, 1}}), (Lengths{30, 70}));
   EXPECT_EQ(share(10, {{30, 30, 0}, {0, 100, 0}}), (Lengths{30, 0}));
+  EXPECT_EQ(share(260, {{20, 100, 0}, {120, 160, 0}}), (Lengths{100, 160})) << "enough for both";
+  EXPECT_EQ(share(260, {{20, 100, 0}, {120, 160, 0}, {0, kInfinity, -1}}), (Lengths{100, 160, 0}));
   EXPECT_EQ(share(0, {}), Lengths{});
 }
 

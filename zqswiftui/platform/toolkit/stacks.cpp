@@ -7,6 +7,11 @@
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
 
 namespace zq {
+namespace {
+
+constexpr double kLengthRounding = 1e-6;  // of sums, in points
+
+}  // namespace
 
 std::vector<double> shareLength(double available, std::span<const StackItem> items,
                                 const std::function<double(std::size_t, double)>& take) {
@@ -24,13 +29,16 @@ std::vector<double> shareLength(double available, std::span<const StackItem> ite
   for (std::size_t k = 0; k < order.size(); ++k) {
     const double priority = items[order[k]].priority;
     std::size_t same = 0;
-    double least = 0;
+    double least = 0, most = 0;
     while (k + same < order.size() && items[order[k + same]].priority == priority) {
       least += items[order[k + same]].least;
+      most += items[order[k + same]].most;
       ++same;
     }
     const double lower = std::max(0.0, leastBelow - least);
-    const double offer = std::max(0.0, (left - lower) / static_cast<double>(same));
+    double offer = std::max(0.0, (left - lower) / static_cast<double>(same));
+    // Where there is room for the most of all that are left, none makes do with its share.
+    if (most <= left - lower + kLengthRounding) offer = std::max(offer, items[order[k]].most);
     lengths[order[k]] = take(order[k], offer);
     left -= lengths[order[k]];
     leastBelow -= items[order[k]].least;

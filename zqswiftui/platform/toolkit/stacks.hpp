@@ -83,8 +83,9 @@ struct StackItem {
 };
 
 // The lengths that a stack offers its children, one after the other: the least flexible first,
-// each an equal share of what is left, higher priorities before lower ones. `take` is told a
-// child's index and offer, and answers the length that the child takes.
+// each an equal share of what is left, or its most where there is room for the most of all that
+// are left; higher priorities before lower ones. `take` is told a child's index and offer, and
+// answers the length that the child takes.
 std::vector<double> shareLength(double available, std::span<const StackItem> items,
                                 const std::function<double(std::size_t, double)>& take);
 

@@ -369,7 +369,7 @@ TEST(QtFileDialogRequests, reachTheDialogAsTheyWereAsked) {
       {{Kind::openFile, "Title", "Message", {"png", "jpg"}, path},
        QFileDialog::ExistingFile,
        QStringLiteral("Title"),
-       {QStringLiteral("(*.png *.PNG *.jpg *.JPG)")}},
+       {QStringLiteral("PNG, JPG files (*.png *.PNG *.jpg *.JPG)")}},
       {{Kind::openFiles, "", "Message", {}, path},
        QFileDialog::ExistingFiles,
        QStringLiteral("Message"),

@@ -127,6 +127,11 @@ echo quit >&7
 until_true find_place 'list item' 'From afar'
 keep dropped
 focus 'Dropped — Configurator'
+click 'push button' 'Open recent'
+until_true find_place 'push button' sample
+keep open-recent
+click 'push button' sample
+focus 'sample — Configurator'
 xdotool key ctrl+q
 until_true ended
 wait "$configurator"

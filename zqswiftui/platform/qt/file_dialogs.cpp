@@ -14,17 +14,19 @@ namespace {
 
 using Kind = FileDialogRequest::Kind;
 
-// A pattern cannot hold what would end it.
+// "PNG, JPG files" of that kind. A pattern cannot hold what would end it.
 QString filterOf(const std::vector<std::string>& extensions) {
-  QStringList patterns;
+  QStringList kinds, patterns;
   for (const std::string& extension : extensions) {
     if (extension.empty() || extension.find_first_of(" \t\n;()") != std::string::npos) continue;
     const QString pattern = QStringLiteral("*.") + toQString(extension);
     patterns.push_back(pattern);
+    kinds.push_back(toQString(extension).toUpper());
     // Not every desktop's dialog takes no notice of the case.
     if (pattern.toUpper() != pattern) patterns.push_back(pattern.toUpper());
   }
-  return patterns.isEmpty() ? QString() : QStringLiteral("(%1)").arg(patterns.join(u' '));
+  if (patterns.isEmpty()) return {};
+  return kinds.join(QStringLiteral(", ")) + " files (" + patterns.join(u' ') + ")";
 }
 
 void setKind(QFileDialog& dialog, const FileDialogRequest& request) {
@@ -84,6 +86,7 @@ void FileDialogs::show(FileDialogRequest request,
   if (!title.empty()) dialog->setWindowTitle(toQString(title));
   setKind(*dialog, request);
   if (const QString filter = filterOf(request.extensions); !filter.isEmpty()) {
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilter(filter);
   }
   setStart(*dialog, toQString(request.defaultPath));

@@ -18,7 +18,6 @@ View problemMark(const Findings& findings, const std::string& id) {
   const auto* sentences = findings.of(id);
   if (sentences == nullptr) return EmptyView();
   return Image::symbol("exclamationmark.triangle")
-      .foregroundColor(Color::orange())
       .accessibilityLabel("Problem")
       .help(sentences->front());
 }

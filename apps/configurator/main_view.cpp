@@ -82,7 +82,7 @@ View notSaved(const std::shared_ptr<Workbench>& bench, const std::shared_ptr<Doc
       "What you did is kept in this window but not saved: " + document->saveFailure() + ".";
   return HStack(
              {.spacing = 8},
-             {Image::symbol("exclamationmark.triangle").foregroundColor(Color::orange()),
+             {Image::symbol("exclamationmark.triangle"),
               Text(sentence).flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
               PushButton("Try again", {.action = [document] { document->saveNow(); }}),
               PushButton("Save elsewhere…", {.action = [bench] { bench->saveElsewhere(); }})})

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 #include <tests/configurator/open_project.hpp>
+#include <tests/toolkit/contrast.hpp>
 #include <tests/toolkit/fitting.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 
@@ -124,6 +125,15 @@ TEST_F(ConfiguratorWindow, namesAllThatCanBePressedOrFilledIn) {
       EXPECT_FALSE(control && node.name.empty())
           << static_cast<int>(node.role) << " at " << node.bounds.x << "," << node.bounds.y;
     });
+  });
+}
+
+TEST_F(ConfiguratorWindow, writesAndDrawsWhatStandsOut) {
+  everywhere([&] {
+    for (const ColorScheme scheme : {ColorScheme::dark, ColorScheme::light}) {
+      screen.setAppearance({.colorScheme = scheme});
+      contrasts::expectReadable(screen, scheme);
+    }
   });
 }
 

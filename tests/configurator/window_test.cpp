@@ -145,6 +145,7 @@ TEST_F(ConfiguratorWindow, hasTargetsThatCanBeHit) {
       EXPECT_GE(node.bounds.height, 24) << node.name;
     });
     EXPECT_THAT(fitting::targetFaults(screen), testing::IsEmpty());
+    EXPECT_THAT(fitting::crowdedTargets(screen), testing::IsEmpty());
   });
 }
 

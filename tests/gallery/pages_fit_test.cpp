@@ -55,6 +55,7 @@ TEST_P(PagesFit, haveTargetsThatReactWhereAHandThatIsNotSteadyPresses) {
        {LayoutDirection::leftToRight, LayoutDirection::rightToLeft}) {
     show({.layoutDirection = direction});
     EXPECT_THAT(fitting::targetFaults(screen()), testing::IsEmpty());
+    EXPECT_THAT(fitting::crowdedTargets(screen()), testing::IsEmpty());
   }
 }
 

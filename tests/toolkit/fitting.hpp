@@ -80,6 +80,33 @@ inline std::vector<TextFault> textFaults(Harness& screen) {
   return faults;
 }
 
+// How near another target comes to the middle of a small one: its middle where it is small as well,
+// else its edge.
+inline double distanceOf(const Placed& other, Point middle) {
+  if (other.small()) return other.distance(middle);
+  const Rect& o = other.node.bounds;
+  return std::hypot(std::max({o.x - middle.x, middle.x - o.maxX(), 0.0}),
+                    std::max({o.y - middle.y, middle.y - o.maxY(), 0.0}));
+}
+
+// The small targets that others crowd: as the criterion says, a circle of kLeastTarget around the
+// middle of each meets no other target, nor the circle of another small one.
+inline std::vector<std::string> crowdedTargets(Harness& screen) {
+  const std::vector<Placed> all = elementsOf(screen);
+  std::vector<std::string> crowded;
+  for (const Placed& target : all) {
+    if (!target.node.pressable || !target.small()) continue;
+    for (const Placed& other : all) {
+      if (!other.node.pressable || isWithin(target.node.bounds, other.node.bounds)) continue;
+      const double least = other.small() ? kLeastTarget : kLeastTarget / 2;
+      if (distanceOf(other, target.middle()) >= least) continue;
+      crowded.push_back(target.node.name + ' ' + zq::describe(target.node.bounds) + " beside " +
+                        other.node.name + ' ' + zq::describe(other.node.bounds));
+    }
+  }
+  return crowded;
+}
+
 // Where a press 11 points from the middle of a small target misses it, and meets neither another
 // one exactly nor one that is nearer.
 inline std::vector<std::string> targetFaults(Harness& screen) {

@@ -73,7 +73,8 @@ View projectRow(const std::shared_ptr<Shelf>& shelf, const ShelfEntry& entry) {
                   .fill(shelfColors()[entry.color].color)
                   .frame(10, 10)
                   .accessibilityLabel(shelfColors()[entry.color].name),
-              Text(entry.name).lineLimit(1), Spacer(), ZQFavoriteButton({.isFavorite = favorite})})
+              Text(entry.name).lineLimit(1), Spacer(),
+              ZQFavoriteButton({.isFavorite = favorite, .color = Color::primary()})})
       .opacity(entry.hidden ? 0.6 : 1);
 }
 

@@ -108,6 +108,34 @@ TEST_F(NearTargets, takeNothingWhereTheyAreDisabledCoveredOrNotToBeSeen) {
   EXPECT_EQ(pressedAt({50, 59}), "a ") << "the lower one begins where the edge is";
 }
 
+TEST_F(NearTargets, areFoundAfterTheyHaveComeAndNotOnceTheyHaveGone) {
+  struct Model : ObservableObject {
+    Published<std::vector<int>> places{this};
+  };
+  struct Dots {
+    std::shared_ptr<Model> model;
+    std::function<View(int)> dotAt;
+    View body(Context& context) const {
+      std::vector<View> all;
+      for (const int x : context.observe(model).places.get()) all.push_back(dotAt(x));
+      return ZStack(std::move(all), Alignment::topLeading())
+          .frame({.width = 200, .height = 100, .alignment = Alignment::topLeading()});
+    }
+  };
+  const auto model = std::make_shared<Model>();
+  show(Dots{model, [this](int x) { return dot(std::to_string(x), {double(x), 50}); }});
+  EXPECT_EQ(pressedAt({42, 50}), "");
+  model->places = std::vector{50, 100, 150};
+  EXPECT_EQ(pressedAt({42, 50}), "50 ");
+  model->places = std::vector{100};
+  EXPECT_EQ(pressedAt({42, 50}), "");
+  EXPECT_EQ(pressedAt({92, 50}), "100 ");
+  model->places = std::vector<int>();
+  model->places = std::vector{150};
+  EXPECT_EQ(pressedAt({92, 50}), "");
+  EXPECT_EQ(pressedAt({142, 50}), "150 ");
+}
+
 TEST_F(NearTargets, inABubbleAreTheOnlyOnesWhileItIsOpen) {
   const View bubble = dot("b", {5, 5}).padding(10);
   show(

@@ -11,7 +11,7 @@
 #include <zqswiftui/platform/toolkit/toolkit.hpp>
 
 // Lists that are changed at random, short and longer than what is kept as views, must look like
-// a list that is built anew, and each state must stay with its key.
+// a list that is built anew, also to the pointer, and each state must stay with its key.
 
 namespace zq {
 namespace {
@@ -40,6 +40,10 @@ struct Board {
 };
 using BoardPtr = std::shared_ptr<Board>;
 
+View row(const std::string& text) {
+  return Text(text).help(text);
+}
+
 std::string shown(const Item& item, const BoardPtr& board) {
   return board ? label(item) + '#' + std::to_string(board->expected[item.key]) : label(item);
 }
@@ -50,7 +54,7 @@ struct StatefulRow {
   View body(Context& context) const {
     auto count = context.state(0);
     board->handles.insert_or_assign(item.key, count);
-    return Text(label(item) + '#' + std::to_string(*count));
+    return row(label(item) + '#' + std::to_string(*count));
   }
   bool operator==(const StatefulRow&) const = default;
 };
@@ -100,8 +104,7 @@ struct Screen {
     auto now = context.state(first);
     *items = now;
     if (!board) {
-      return screen(around,
-                    ForEach(*now, &Item::key, [](const Item& i) { return Text(label(i)); }));
+      return screen(around, ForEach(*now, &Item::key, [](const Item& i) { return row(label(i)); }));
     }
     return screen(around, ForEach(*now, &Item::key, [b = board](const Item& i) {
                     return StatefulRow{i, b};
@@ -144,14 +147,20 @@ class RandomLists : public testing::TestWithParam<Case> {
     if (below(40) == 0) std::shuffle(items.begin(), items.end(), random_);
   }
 
+  // What is painted, and what the pointer finds there.
+  static std::string look(Harness& h, Point pointer) {
+    h.moveTo(pointer);
+    return h.displayList() + "under the pointer: " + h.help();
+  }
+
   // The same list built anew, scrolled to the same place.
-  std::string anew(const Items& items, const BoardPtr& board, double offset) {
+  std::string anew(const Items& items, const BoardPtr& board, double offset, Point pointer) {
     std::vector<Labelled> rows;
     for (const Item& i : items) rows.push_back({i.key, shown(i, board)});
-    const auto row = [](const Labelled& r) { return Text(r.text); };
-    Harness fresh(screen(GetParam().around, ForEach(rows, &Labelled::key, row)), {120, 90});
+    const auto rowOf = [](const Labelled& r) { return row(r.text); };
+    Harness fresh(screen(GetParam().around, ForEach(rows, &Labelled::key, rowOf)), {120, 90});
     fresh.wheel({50, 50}, 0, offset);
-    return fresh.displayList();
+    return look(fresh, pointer);
   }
 
   std::mt19937 random_{7};
@@ -185,7 +194,8 @@ TEST_P(RandomLists, lookLikeListsThatAreBuiltAnew) {
       h.settle();
     }
     if (below(3) == 0) h.wheel({50, 50}, 0, 40.0 * below(20) - 200);
-    ASSERT_EQ(h.displayList(), anew(items, board, -h.findId("top").bounds.y));
+    const Point pointer{static_cast<double>(below(120)), static_cast<double>(below(90))};
+    ASSERT_EQ(look(h, pointer), anew(items, board, -h.findId("top").bounds.y, pointer));
   }
   // A screen reader keeps all rows from now on, and sees every one of them in its order.
   h.accessibility();

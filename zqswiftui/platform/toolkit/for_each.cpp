@@ -72,6 +72,7 @@ class ForEachNode final : public Node, private ItemArray::Source {
   }
   void update(const View& next) override;
   void forEachChild(const NodeVisitor& visit) override { items_.forEachNode(visit); }
+  void paint(PaintPass& pass, Point origin) override { items_.paint(pass, origin); }
   bool hitTest(Point point, HitPath& path) override { return hitItems(items_, *this, point, path); }
   bool hasMemory() const override { return true; }
   bool isGroup() const override { return true; }
@@ -99,8 +100,8 @@ class ForEachNode final : public Node, private ItemArray::Source {
     invalidateMeasure();
   }
   Rect computeBounds() override {
-    return items_.isVirtual() ? unite(items_.frames(), Node::computeBounds())
-                              : Node::computeBounds();
+    const Rect painted = items_.bounds();
+    return items_.isVirtual() ? unite(items_.frames(), painted) : painted;
   }
 
  private:

@@ -52,7 +52,10 @@ class PressValue final : public ModifierValue<PressValue, PressNode> {
 
 class PressNode final : public ModifierNode<PressValue>, public Responder {
  public:
-  using ModifierNode::ModifierNode;
+  explicit PressNode(const NodePlace& place) : ModifierNode(place) { countPress(1); }
+  ~PressNode() override { countPress(-1); }
+  PressNode(const PressNode&) = delete;
+  PressNode& operator=(const PressNode&) = delete;
   Responder* responder() override { return this; }
   bool takesPointer() const override { return true; }
   bool hasMemory() const override { return true; }

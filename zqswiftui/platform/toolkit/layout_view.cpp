@@ -41,6 +41,7 @@ class LayoutNode final : public Node, private ItemArray::Source {
   }
   void update(const View& next) override;
   void forEachChild(const NodeVisitor& visit) override { items_.forEachNode(visit); }
+  void paint(PaintPass& pass, Point origin) override { items_.paint(pass, origin); }
   bool hitTest(Point point, HitPath& path) override { return hitItems(items_, *this, point, path); }
   std::string debugName() const override { return "Layout"; }
 
@@ -51,6 +52,7 @@ class LayoutNode final : public Node, private ItemArray::Source {
   }
   void layoutChildren() override;
   void childInvalidated(Node& child) override { items_.invalidated(child); }
+  Rect computeBounds() override { return items_.bounds(); }
 
  private:
   const LayoutValue& value() const { return static_cast<const LayoutValue&>(*view().value()); }

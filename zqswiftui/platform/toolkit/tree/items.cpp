@@ -258,9 +258,31 @@ const Rect& ItemArray::frames() {
   return frames_;
 }
 
-void ItemArray::paint(PaintPass& pass, Point origin) {
+Rect ItemArray::bounds() {
+  constexpr double kSlack = 0.01;  // what is lost by reckoning with other corners
+  runsBegin_ = liveBegin_;
+  runs_.assign((liveEnd_ - liveBegin_ + kRun - 1) / kRun, Rect{});
+  Rect all;
   for (std::size_t i = liveBegin_; i < liveEnd_; ++i) {
-    if (nodes_[i]) Node::paintChild(*nodes_[i], pass, origin);
+    Node* node = nodes_[i].get();
+    if (!node) continue;
+    const Rect painted = owner_.Node::mapFromChild(*node, node->bounds());
+    all = unite(all, painted);
+    Rect& run = runs_[(i - runsBegin_) / kRun];
+    run = unite(run, unite(painted, owner_.Node::mapFromChild(*node, node->localBounds())));
+  }
+  for (Rect& run : runs_) run = run.insetBy(-kSlack);
+  return all;
+}
+
+void ItemArray::paint(PaintPass& pass, Point origin) {
+  owner_.bounds();
+  for (std::size_t run = 0; run < runs_.size(); ++run) {
+    if (!pass.meets(runs_[run].offsetBy(origin))) continue;
+    const std::size_t first = runsBegin_ + run * kRun;
+    for (std::size_t i = first; i < std::min(first + kRun, nodes_.size()); ++i) {
+      if (nodes_[i]) Node::paintChild(*nodes_[i], pass, origin);
+    }
   }
 }
 
@@ -271,13 +293,18 @@ void ItemArray::forgetSizes() {
 }
 
 bool ItemArray::hitTest(Point point, HitPath& path) {
-  for (std::size_t i = liveEnd_; i-- > liveBegin_;) {
-    Node* node = nodes_[i].get();
-    if (!node) continue;
-    // What a child draws outside of its frame can be hit as well.
-    const Point inside = owner_.Node::mapToChild(*node, point);
-    if (!node->localBounds().contains(inside) && !node->bounds().contains(inside)) continue;
-    if (node->hitTest(inside, path)) return true;
+  owner_.bounds();
+  for (std::size_t run = runs_.size(); run-- > 0;) {
+    if (!runs_[run].contains(point)) continue;
+    const std::size_t first = runsBegin_ + run * kRun;
+    for (std::size_t i = std::min(first + kRun, nodes_.size()); i-- > first;) {
+      Node* node = nodes_[i].get();
+      if (!node) continue;
+      // What a child draws outside of its frame can be hit as well.
+      const Point inside = owner_.Node::mapToChild(*node, point);
+      if (!node->localBounds().contains(inside) && !node->bounds().contains(inside)) continue;
+      if (node->hitTest(inside, path)) return true;
+    }
   }
   return false;
 }

@@ -62,11 +62,15 @@ class ItemArray {
   void showOnly(const Rect& visible);
   bool isVirtual() const { return keep_ == Keep::whileVisible && size() > kLarge; }
   const Rect& frames();  // of all, united
+  // All that the nodes paint: the container's own bounds, or a part of them.
+  Rect bounds();
   void paint(PaintPass& pass, Point origin);
   void forgetSizes();
   bool hitTest(Point point, HitPath& path);
 
  private:
+  // Items that follow each other mostly lie close together: a run is passed by as a whole.
+  static constexpr std::size_t kRun = 32;
   static constexpr std::size_t kLarge = 256;
   static constexpr std::size_t kKeptWhileMeasuring = 1024;
   void retire(std::size_t i);
@@ -91,6 +95,10 @@ class ItemArray {
   // All nodes stand in here: few of a long list, and they are walked far more often than made.
   std::size_t liveBegin_ = 0;
   std::size_t liveEnd_ = 0;
+  // Where the nodes of each run from runsBegin_ on paint or take the pointer; as of the container's
+  // bounds.
+  std::vector<Rect> runs_;
+  std::size_t runsBegin_ = 0;
   std::size_t unknown_ = 0;  // how many ideal sizes are not known
   Rect frames_;
   bool framesKnown_ = false;

@@ -26,8 +26,8 @@ bool isSmallTarget(const Rect& shown) {
   return shown.width < kLeastTarget || shown.height < kLeastTarget;
 }
 
-// Those with the point in their squares. Goes down only where something of a view, drawn or laid
-// out, is within reach of the point.
+// Those with the point in their squares. Goes down only where there is something to press and
+// something of a view, drawn or laid out, is within reach of the point.
 class NearSearch {
  public:
   explicit NearSearch(Point inWindow) : window_(inWindow) {}
@@ -37,6 +37,7 @@ class NearSearch {
                         node.bounds().insetBy(-reach).contains(point);
     if (!within || !node.admits(point)) return;
     node.forEachChild([&](Node& child) {
+      if (!child.holdsPresses()) return;
       const Point there = node.mapToChild(child, point);
       const double scaled = node.mapToChild(child, {point.x + reach, point.y}).x - there.x;
       look(child, there, scaled);

@@ -292,6 +292,10 @@ void Node::bringInSight(Rect rect) {
   }
 }
 
+void Node::countPress(int change) {
+  for (Node* node = this; node; node = node->parent_) node->pressCount_ += change;
+}
+
 bool Node::hitTest(Point point, HitPath& path) {
   if (!admits(point)) return false;
   if (hitChildren(point, path) || (takesPointer() && localBounds().contains(point))) {

@@ -154,6 +154,8 @@ class Node {
   virtual bool admits(Point point) const {
     return !clipsChildren() || localBounds().contains(point);
   }
+  // Whether anything in here, itself included, wants presses: what looks for that may pass it by.
+  bool holdsPresses() const { return pressCount_ > 0; }
   // Adds the nodes at the point, the front-most first, to the path; whether there was one.
   virtual bool hitTest(Point point, HitPath& path);
   bool hitChildren(Point point, HitPath& path);
@@ -180,6 +182,8 @@ class Node {
   Point motionOffset() const;
 
  protected:
+  // By a node that wants presses: one when it is made, less one when it goes.
+  void countPress(int change);
   virtual Size computeSize(const ProposedSize& proposal) = 0;
   virtual void layoutChildren() {}
   virtual void sizeChanged() {}
@@ -218,6 +222,7 @@ class Node {
   int depth_;
   int slot_ = -1;      // index in an array of items
   int placedAt_ = -1;  // index in the tree's list of nodes placed in this frame
+  int pressCount_ = 0;
   unsigned char measuredCount_ = 0;
   bool placed_ = false;
   bool layoutDirty_ = true;

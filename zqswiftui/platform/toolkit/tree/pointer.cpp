@@ -38,8 +38,9 @@ HitPath PointerController::hit(Point position) const {
 }
 
 HitPath PointerController::aimed(Point position) const {
-  const HitPath exact = hit(position);
+  HitPath exact = hit(position);
   Node* const near = nearTarget(tree_, position, exact);
+  if (!near) return exact;
   HitPath path;
   const auto isHit = [&](const Node* node) {
     return std::any_of(exact.begin(), exact.end(), [&](const Hit& h) { return h.node == node; });

@@ -318,6 +318,42 @@ TEST_F(QtDesktopDocuments, aListThatIsMissingEmptyOrDamagedIsMadeAndTheDamagedOn
   EXPECT_EQ(list(documents).front(), "file:///c");
 }
 
+TEST_F(QtDesktopDocuments, ofALongListEachIsFoundOnceWithItsOwnFacts) {
+  constexpr int kDocuments = 3000, kFiles = 20;
+  const QByteArray name = QCoreApplication::applicationName().toUtf8();
+  const auto address = [&](int i) {
+    const QString path = folder.filePath(QString::number(i % kFiles));
+    return "file://" + path.toStdString() + '?' + std::to_string(i / kFiles);  // a file has many
+  };
+  for (int i = 0; i < kFiles; ++i) {
+    QFile made(folder.filePath(QString::number(i)));
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly) && made.resize(i));
+  }
+  std::string xml = "<xbel>";
+  const auto list = [&](const std::string& href) {
+    xml += "<bookmark href=\"" + href + "\"><application name=\"" + name.toStdString() +
+           "\" modified=\"2025-01-01T10:00:00Z\"/></bookmark>";
+  };
+  for (int i = 0; i < kDocuments; ++i) {
+    list(address(i));
+    if (i % 7 == 0) list("no address " + std::to_string(i));
+    if (i % 5 == 0) list(address(i / 2));
+    if (i % 3 == 0) list("FILE" + address(i).substr(4));
+  }
+  write(xml + "</xbel>");
+  DesktopDocuments documents(file().toStdString());
+  std::optional<std::vector<RecentDocument>> found;
+  documents.list([&](std::vector<RecentDocument> all) { found = std::move(all); });
+  ASSERT_TRUE(waitFor([&] { return found.has_value(); }));
+  ASSERT_EQ(found->size(), static_cast<std::size_t>(kDocuments));
+  for (int i = 0; i < kDocuments; ++i) {
+    const RecentDocument& document = (*found)[static_cast<std::size_t>(i)];
+    ASSERT_EQ(document.url, address(i));
+    ASSERT_TRUE(document.facts) << document.url;
+    ASSERT_EQ(document.facts->size, i % kFiles);
+  }
+}
+
 TEST_F(QtDesktopDocuments, whatIsNoRegularFileIsLeftAlone) {
   ASSERT_EQ(::mkfifo(file().toUtf8().constData(), 0600), 0);
   DesktopDocuments documents(file().toStdString());

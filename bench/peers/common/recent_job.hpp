@@ -8,8 +8,10 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QTimer>
 #include <QUrl>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -74,12 +76,15 @@ struct Panel {
 // Notes when something within a part of a widget is painted.
 class Painted final : public QObject {
  public:
-  explicit Painted(const Panel& panel) : part_(panel.rows) { panel.list->installEventFilter(this); }
+  explicit Painted(const Panel& panel) : part_(panel.rows) {
+    panel.list->installEventFilter(this);
+    wakes_.start(std::chrono::seconds(1));
+  }
   void forget() { painted_ = false; }
   void await() {
     const Timer timer;
     while (!std::exchange(painted_, false)) {
-      QCoreApplication::processEvents();
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
       check(timer.ms() < kPatience, "it is painted");
     }
   }
@@ -94,6 +99,7 @@ class Painted final : public QObject {
 
  private:
   QRect part_;
+  QTimer wakes_;  // who waits for what never comes finds out
   bool painted_ = false;
 };
 

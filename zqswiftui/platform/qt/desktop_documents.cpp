@@ -13,17 +13,17 @@
 #include <cstdio>
 #include <functional>
 #include <iterator>
-#include <map>
 #include <mutex>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <unordered_set>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/work.hpp>
 #include <zqswiftui/platform/qt/conversions.hpp>
 #include <zqswiftui/platform/qt/desktop_documents.hpp>
-#include <zqswiftui/platform/qt/mounted_shares.hpp>
+#include <zqswiftui/platform/qt/document_lookup.hpp>
 #include <zqswiftui/platform/qt/recent_list.hpp>
 
 namespace zq::qt {
@@ -63,34 +63,24 @@ std::vector<std::string> applicationNames() {
   return texts;
 }
 
-// Finds what keeps each document, without a question to what may not answer.
-class Places {
- public:
-  RecentDocument documentAt(const Url& url) {
-    RecentDocument document{url.text()};
-    if (!url.isFile()) return document;
-    const std::string file = url.path();
-    document.place = shareOfFolder(std::string_view(file).substr(0, file.rfind('/') + 1));
-    struct stat info {};
-    if (!document.place.empty() || ::lstat(file.c_str(), &info) != 0) return document;
-    if (S_ISLNK(info.st_mode)) {
-      document.place = shares_.shareOf(file);
-    } else {
-      document.facts = fileFacts(info);
-    }
-    return document;
+// Each once.
+std::vector<RecentDocument> inOrder(const std::vector<std::string>& texts,
+                                    std::vector<DocumentLookup::Found> found) {
+  std::unordered_map<std::string_view, RecentDocument*> ofTexts;
+  ofTexts.reserve(found.size());
+  for (auto& [text, document] : found) ofTexts.emplace(text, &document);
+  std::vector<RecentDocument> documents;
+  documents.reserve(found.size());
+  std::unordered_set<std::string_view> known;  // of the documents, which therefore never move
+  for (const std::string& text : texts) {
+    const auto of = ofTexts.find(text);
+    if (of == ofTexts.end() || known.contains(of->second->url)) continue;
+    documents.push_back(std::move(*of->second));
+    ofTexts.erase(of);
+    known.insert(documents.back().url);
   }
-
- private:
-  const std::string& shareOfFolder(std::string_view folder) {
-    const auto known = ofFolders_.find(folder);
-    if (known != ofFolders_.end()) return known->second;
-    return ofFolders_.emplace(folder, shares_.shareOf(folder)).first->second;
-  }
-
-  const MountedShares shares_;
-  std::map<std::string, std::string, std::less<>> ofFolders_;
-};
+  return documents;
+}
 
 }  // namespace
 
@@ -110,21 +100,14 @@ struct DesktopDocuments::State {
       const std::lock_guard lock(mutex);
       for (const Opened& opened : pending) urls.insert(urls.begin(), opened.url);
     }
+    DocumentLookup lookup;
+    for (const std::string& url : urls) lookup.add(url);
     if (const auto list = readList(path); list.ok()) {
-      auto listed = documentsOf(list.value(), applications);
+      auto listed =
+          documentsOf(list.value(), applications, [&](const std::string& url) { lookup.add(url); });
       urls.insert(urls.end(), std::move_iterator(listed.begin()), std::move_iterator(listed.end()));
     }
-    Places places;
-    std::vector<RecentDocument> documents;
-    documents.reserve(urls.size());
-    std::unordered_set<std::string_view> known;  // of the documents, which therefore never move
-    for (const std::string& text : urls) {
-      const auto url = Url::parse(text);
-      if (!url || known.contains(url->text())) continue;
-      documents.push_back(places.documentAt(*url));
-      known.insert(documents.back().url);
-    }
-    return documents;
+    return inOrder(urls, lookup.finish());
   }
 
   // Brings what is pending into the list. Off the interface thread.

@@ -122,8 +122,9 @@ bool isPrefix(std::string_view text) {
 // What one of the applications has registered.
 class Registered final : XmlEvents {
  public:
-  Registered(std::string_view list, const std::vector<std::string>& applications)
-      : XmlEvents(list), applications_(applications) {
+  Registered(std::string_view list, const std::vector<std::string>& applications,
+             const std::function<void(const std::string&)>& tell)
+      : XmlEvents(list), applications_(applications), tell_(tell) {
     read();
   }
   // With the time at which the last of them opened it.
@@ -149,13 +150,16 @@ class Registered final : XmlEvents {
   void end(const Tag&) override {
     if (depth_-- != bookmarkDepth_) return;
     bookmarkDepth_ = 0;
-    if (last_ && !href_.empty() && href_.size() <= kMaxHref) found.emplace_back(*last_, href_);
+    if (!last_ || href_.empty() || href_.size() > kMaxHref) return;
+    found.emplace_back(*last_, href_);
+    if (tell_) tell_(href_);
   }
   bool isOurs(std::string_view name) const {
     return std::find(applications_.begin(), applications_.end(), name) != applications_.end();
   }
 
   const std::vector<std::string>& applications_;
+  const std::function<void(const std::string&)>& tell_;
   std::size_t depth_ = 0;
   std::size_t bookmarkDepth_ = 0;  // 0: in none
   std::string href_, modified_;
@@ -332,13 +336,14 @@ class WholeEntries final : XmlEvents {
 }  // namespace
 
 std::vector<std::string> documentsOf(std::string_view list,
-                                     const std::vector<std::string>& applications) {
-  auto found = Registered(list, applications).found;
-  std::stable_sort(found.begin(), found.end(),
+                                     const std::vector<std::string>& applications,
+                                     const std::function<void(const std::string&)>& found) {
+  auto registered = Registered(list, applications, found).found;
+  std::stable_sort(registered.begin(), registered.end(),
                    [](const auto& a, const auto& b) { return b.first < a.first; });
   std::vector<std::string> documents;
-  documents.reserve(found.size());
-  for (auto& [when, href] : found) documents.push_back(std::move(href));
+  documents.reserve(registered.size());
+  for (auto& [when, href] : registered) documents.push_back(std::move(href));
   return documents;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,9 +25,11 @@ struct OpenedDocument {
 };
 
 // The addresses that one of these applications has registered, the last opened first. Of a damaged
-// list what stands before the damage. An address longer than 8,192 bytes is left out.
+// list what stands before the damage. An address longer than 8,192 bytes is left out. `found` is
+// told of each as it comes, in the list's own order.
 std::vector<std::string> documentsOf(std::string_view list,
-                                     const std::vector<std::string>& applications);
+                                     const std::vector<std::string>& applications,
+                                     const std::function<void(const std::string&)>& found = {});
 
 // The list with the document in it, opened once more: every byte of everything else stays, what
 // other programs keep with the document too. An empty list is made. Absent where the list is

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QDialog>
 #include <QLineEdit>
 #include <limits>
 #include <memory>
@@ -275,6 +276,47 @@ TEST_F(Accessible, aNumberIsReadAndSetBetweenItsEnds) {
   settle();
   named(QStringLiteral("Slider"))->valueInterface()->setCurrentValue(2);
   EXPECT_EQ(set.size(), 4U);
+}
+
+TEST_F(Accessible, nothingIsDoneInAWindowThatADialogBars) {
+  std::string text = "text";
+  int presses = 0;
+  const Binding<std::string> binding([&] { return text; }, [&](const auto& now) { text = now; });
+  host_.setRoot(VStack({Button([&] { ++presses; }, Text("Press")), TextField("Field", binding)}));
+  settle();
+  const auto act = [&] {
+    named(QStringLiteral("Press"))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    named(QStringLiteral("Field"))->editableTextInterface()->insertText(0, QStringLiteral("+"));
+    named(QStringLiteral("Field"))->setText(QAccessible::Value, QString::fromStdString(text + '!'));
+    settle();
+    return std::exchange(presses, 0) == 1;
+  };
+  QWidget other;
+  struct Row {
+    QWidget* over;
+    Qt::WindowModality modality;
+    bool isActedOn;
+  };
+  for (const Row& row : {Row{&host_, Qt::NonModal, true}, Row{&host_, Qt::WindowModal, false},
+                         Row{&other, Qt::WindowModal, true}, Row{nullptr, Qt::WindowModal, true},
+                         Row{nullptr, Qt::ApplicationModal, false}}) {
+    QDialog dialog(row.over);
+    dialog.setWindowModality(row.modality);
+    EXPECT_TRUE(act()) << "not shown yet";
+    dialog.show();
+    const std::string before = text;
+    EXPECT_EQ(act(), row.isActedOn);
+    EXPECT_EQ(text != before, row.isActedOn);
+  }
+  QDialog dialog;
+  dialog.setWindowModality(Qt::ApplicationModal);
+  host_.setParent(&dialog);
+  dialog.show();
+  settle();
+  EXPECT_TRUE(act()) << "in the dialog itself";
+  host_.setParent(nullptr);
 }
 
 TEST_F(Accessible, theScreenRectanglesMoveWithTheWindow) {

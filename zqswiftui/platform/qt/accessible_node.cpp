@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <QAccessibleInterface>
+#include <QApplication>
 #include <QLineEdit>
 #include <QWindow>
 #include <algorithm>
@@ -9,6 +10,23 @@
 #include <zqswiftui/platform/qt/host_widget.hpp>
 
 namespace zq::qt {
+namespace {
+
+// Whether a dialog keeps the user out of the window meanwhile.
+bool isBarred(const QWidget& window) {
+  const auto isWithin = [](const QWidget* widget, const QWidget& outer) {
+    while (widget != nullptr && widget != &outer) widget = widget->parentWidget();
+    return widget != nullptr;
+  };
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  return std::any_of(windows.begin(), windows.end(), [&](const QWidget* dialog) {
+    if (!dialog->isVisible() || isWithin(&window, *dialog)) return false;
+    return dialog->windowModality() == Qt::ApplicationModal ||
+           (dialog->windowModality() == Qt::WindowModal && isWithin(dialog, window));
+  });
+}
+
+}  // namespace
 
 QAccessible::Role toQRole(Role role) {
   switch (role) {
@@ -72,6 +90,11 @@ QWindow* AccessibleNode::window() const {
   return tree ? tree->host().window()->windowHandle() : nullptr;
 }
 
+HostWidget* AccessibleNode::hostToActOn() const {
+  const auto tree = tree_.lock();
+  return tree && !isBarred(*tree->host().window()) ? &tree->host() : nullptr;
+}
+
 QAccessibleInterface* AccessibleNode::parent() const {
   const auto tree = tree_.lock();
   return tree ? tree->parentOf(id_) : nullptr;
@@ -122,9 +145,9 @@ QString AccessibleNode::text(QAccessible::Text what) const {
 }
 
 void AccessibleNode::setText(QAccessible::Text what, const QString& text) {
-  const auto tree = tree_.lock();
-  if (tree && what == QAccessible::Value) {
-    tree->host().host().accessibilitySetValue(id_, text.toStdString());
+  HostWidget* const host = hostToActOn();
+  if (host != nullptr && what == QAccessible::Value) {
+    host->host().accessibilitySetValue(id_, text.toStdString());
   }
 }
 
@@ -198,13 +221,13 @@ void AccessibleNode::doAction(const QString& name) {
   if (!actionNames().contains(name)) return;
   if (name == increaseAction()) return step(1);
   if (name == decreaseAction()) return step(-1);
-  const auto tree = tree_.lock();
-  ViewHost& host = tree->host().host();
+  HostWidget* const host = hostToActOn();
+  if (host == nullptr) return;
   if (name != setFocusAction()) {
-    host.accessibilityPress(id_);
-  } else if (host.accessibilityFocus(id_)) {
-    tree->host().activateWindow();
-    tree->host().setFocus(Qt::OtherFocusReason);
+    host->host().accessibilityPress(id_);
+  } else if (host->host().accessibilityFocus(id_)) {
+    host->activateWindow();
+    host->setFocus(Qt::OtherFocusReason);
   }
 }
 
@@ -221,15 +244,15 @@ void AccessibleNode::insertText(int at, const QString& text) {
 }
 
 void AccessibleNode::replaceText(int from, int to, const QString& text) {
-  const auto tree = tree_.lock();
-  const QLineEdit* edit = tree ? tree->host().fields().editor(id_) : nullptr;
+  HostWidget* const host = hostToActOn();
+  const QLineEdit* edit = host != nullptr ? host->fields().editor(id_) : nullptr;
   if (edit == nullptr) return;
   QString whole = edit->text();
   const auto first = std::clamp<qsizetype>(from, 0, whole.size());
   const auto last = std::clamp<qsizetype>(to, first, whole.size());
   whole.replace(first, last - first, text);
-  tree->host().host().accessibilityFocus(id_);
-  tree->host().host().accessibilitySetValue(id_, whole.toStdString());
+  host->host().accessibilityFocus(id_);
+  host->host().accessibilitySetValue(id_, whole.toStdString());
 }
 
 QVariant AccessibleNode::number(double AccessibleNumber::*part) const {
@@ -256,8 +279,8 @@ QVariant AccessibleNode::minimumStepSize() const {
 void AccessibleNode::setCurrentValue(const QVariant& value) {
   bool isNumber = false;
   const double number = value.toDouble(&isNumber);
-  const auto tree = tree_.lock();
-  if (tree && isNumber) tree->host().host().accessibilitySetNumber(id_, number);
+  HostWidget* const host = hostToActOn();
+  if (host != nullptr && isNumber) host->host().accessibilitySetNumber(id_, number);
 }
 
 void AccessibleNode::step(double steps) {

@@ -52,6 +52,8 @@ class AccessibleNode final : public QAccessibleInterface,
 
  private:
   const AccessibilityNode* node() const;
+  // None while a dialog keeps the user out of the window, and with him whoever acts for him.
+  HostWidget* hostToActOn() const;
   QVariant number(double AccessibleNumber::*part) const;
   void step(double steps);
 

@@ -57,8 +57,7 @@ TEST(Picker, opensItsListAndTakesOneOfIt) {
     const auto all = h.drawn();
     return std::any_of(all.begin(), all.end(), [&](const DrawnCommand& drawn) {
       const auto* ground = std::get_if<FillRoundedRect>(&drawn.command);
-      return ground && drawn.bounds == at &&
-             std::get<Color>(ground->paint) == Color::accent().opacity(0.25);
+      return ground && drawn.bounds == at && ground->paint == Color::accent().opacity(0.25);
     });
   };
   h.hover(h.button("number"));

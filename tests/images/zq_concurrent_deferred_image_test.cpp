@@ -117,8 +117,7 @@ TEST(ZQConcurrentDeferredImage, aCustomSpinnerHasItsColourAndCountAndIsNotScaled
   const std::vector<DrawnCommand> spokes = screen.drawn();
   ASSERT_EQ(spokes.size(), 8U);
   EXPECT_EQ(spokes[0].bounds, (Rect{34, 34, 32, 32}));
-  EXPECT_EQ(std::get<Color>(std::get<StrokePath>(spokes[0].command).paint),
-            Color::teal().opacity(0.8));
+  EXPECT_EQ(*std::get<StrokePath>(spokes[0].command).paint.color(), Color::teal().opacity(0.8));
   EXPECT_EQ(screen.find(Role::progress).value, "busy");
 
   Harness plain(shown("custom", nullptr, 0.5), {100, 100});

@@ -121,8 +121,7 @@ TEST(ZQDeferredImage, aSpinnerIsGrayAndTakesItsNaturalSizeTimesTheScale) {
     const std::vector<DrawnCommand> spokes = screen.drawn();
     ASSERT_EQ(spokes.size(), 8U);
     EXPECT_EQ(spokes[0].bounds, (Rect{50 - row.side / 2, 50 - row.side / 2, row.side, row.side}));
-    EXPECT_EQ(std::get<Color>(std::get<StrokePath>(spokes[0].command).paint),
-              Color::gray().opacity(0.8));
+    EXPECT_EQ(*std::get<StrokePath>(spokes[0].command).paint.color(), Color::gray().opacity(0.8));
   }
 }
 

@@ -46,7 +46,7 @@ inline double contrast(const Light& a, const Light& b) {
 
 // What fills an area, or writes on it; strokes are neither.
 inline const Color* colorOf(const DrawCommand& command, bool& writes) {
-  const auto plain = [](const Paint& paint) { return std::get_if<Color>(&paint); };
+  const auto plain = [](const Paint& paint) { return paint.color(); };
   writes = true;
   if (const auto* text = std::get_if<DrawText>(&command)) return &text->color;
   if (const auto* symbol = std::get_if<DrawSymbol>(&command)) return &symbol->color;

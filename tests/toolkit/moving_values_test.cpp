@@ -30,8 +30,8 @@ struct Choice {
 // Of the first thing that is drawn; the last stop of a gradient.
 RGBA shownColor(Harness& h, ColorScheme scheme = ColorScheme::light) {
   const auto resolved = [&](const Paint& paint) {
-    const auto* gradient = std::get_if<LinearGradient>(&paint);
-    return (gradient ? gradient->stops.back().color : std::get<Color>(paint)).resolve(scheme);
+    const auto* gradient = paint.gradient();
+    return (gradient ? gradient->stops.back().color : *paint.color()).resolve(scheme);
   };
   const auto of = [&](const auto& command) {
     if constexpr (requires { command.paint; }) return resolved(command.paint);

@@ -4,7 +4,7 @@
 
 namespace zq {
 
-PictureModel::PictureModel() : places_(std::make_unique<detail::PicturePlaces>()) {}
+PictureModel::PictureModel() : places_(std::make_shared<detail::PicturePlaces>()) {}
 
 PictureModel::~PictureModel() = default;
 

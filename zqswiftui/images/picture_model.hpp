@@ -32,7 +32,7 @@ class PictureModel : public ObservableObject {
   friend class detail::PictureOrder;
   void wasObserved() final;
 
-  const std::unique_ptr<detail::PicturePlaces> places_;
+  const std::shared_ptr<detail::PicturePlaces> places_;
   mutable Lock lock_;
   std::string failure_;
 };

@@ -51,7 +51,7 @@ void ZQConfig::follow(const Url& file) {
   broadcasts_ = ZQNotify::observeBroadcast(
       ZQUICProject::broadcastName(appBundleId_),
       [this](const std::string& payload) { handleNotification(payload); });
-  file_ = std::make_unique<FileFollower>(
+  file_ = std::make_shared<FileFollower>(
       file, [this](const FollowedFile& written) { takeFile(written); });
 }
 
@@ -70,7 +70,7 @@ void ZQConfig::takeFile(const FollowedFile& file) {
     return;
   }
   // The editor saves a little later than it broadcasts; its file may be behind.
-  if (lastBroadcast_ && *lastBroadcast_ > file.writtenAt.time_since_epoch().count()) return;
+  if (lastBroadcast_ > file.writtenAt.time_since_epoch().count()) return;
   if (project_ && sameSettings(*project_, file.project.value())) return;
   setProject(file.project.value());
   notifyUpdate();

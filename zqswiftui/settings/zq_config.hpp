@@ -164,8 +164,9 @@ class ZQConfig : public ObservableObject {
   // Held weakly by what is still to be told when the store goes.
   const std::shared_ptr<ZQConfig*> self_;
   Subscription broadcasts_;
-  std::optional<std::int64_t> lastBroadcast_;  // wall time in the clock's own ticks
-  std::unique_ptr<FileFollower> file_;
+  // Wall time in the clock's own ticks; earlier than any file where there was none.
+  std::int64_t lastBroadcast_ = INT64_MIN;
+  std::shared_ptr<FileFollower> file_;
 };
 
 }  // namespace zq

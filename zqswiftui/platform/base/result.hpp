@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <utility>
-#include <variant>
 #include <zqswiftui/platform/services/require.hpp>
 
 namespace zq {
@@ -21,25 +20,26 @@ struct Error {
 template <typename T>
 class [[nodiscard]] Result {
  public:
-  Result(T value) : content_(std::in_place_index<0>, std::move(value)) {}
-  Result(Error error) : content_(std::in_place_index<1>, std::move(error)) {}
+  Result(T value) : value_(std::move(value)) {}
+  Result(Error error) : error_(std::move(error)) {}
 
-  bool ok() const { return content_.index() == 0; }
+  bool ok() const { return value_.has_value(); }
   const T& value() const& {
     ZQ_REQUIRE(ok(), "Result: it holds an error, not a value");
-    return *std::get_if<0>(&content_);
+    return *value_;
   }
   T&& value() && {
     ZQ_REQUIRE(ok(), "Result: it holds an error, not a value");
-    return std::move(*std::get_if<0>(&content_));
+    return *std::move(value_);
   }
   const Error& error() const {
     ZQ_REQUIRE(!ok(), "Result: it holds a value, not an error");
-    return *std::get_if<1>(&content_);
+    return error_;
   }
 
  private:
-  std::variant<T, Error> content_;
+  std::optional<T> value_;
+  Error error_;
 };
 
 // Done, or why not.
@@ -47,16 +47,17 @@ template <>
 class [[nodiscard]] Result<void> {
  public:
   Result() = default;
-  Result(Error error) : error_(std::move(error)) {}
+  Result(Error error) : failed_(true), error_(std::move(error)) {}
 
-  bool ok() const { return !error_; }
+  bool ok() const { return !failed_; }
   const Error& error() const {
     ZQ_REQUIRE(!ok(), "Result: it holds no error");
-    return *error_;
+    return error_;
   }
 
  private:
-  std::optional<Error> error_;
+  bool failed_ = false;
+  Error error_;
 };
 
 }  // namespace zq

@@ -1,8 +1,26 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <map>
 #include <mutex>
 #include <zqswiftui/platform/base/signal.hpp>
 
-namespace zq::detail {
+namespace zq {
+
+Subscription::Subscription(Subscription&& other) noexcept
+    : cancel_(std::exchange(other.cancel_, nullptr)) {}
+
+Subscription& Subscription::operator=(Subscription&& other) noexcept {
+  if (this == &other) return *this;
+  reset();
+  cancel_ = std::exchange(other.cancel_, nullptr);
+  return *this;
+}
+
+void Subscription::reset() {
+  // Taken out first, so that a cancellation that comes back here finds nothing to do.
+  if (const auto cancel = std::exchange(cancel_, nullptr)) cancel();
+}
+
+namespace detail {
 
 bool ListenerGate::close() {
   unsigned own = 0;
@@ -18,7 +36,8 @@ bool ListenerGate::close() {
 
 struct ListenerList {
   std::mutex mutex;
-  std::list<std::shared_ptr<Listening>> entries;
+  std::map<std::uint64_t, std::shared_ptr<Listening>> entries;  // in the order of connection
+  std::uint64_t next = 0;
   std::shared_ptr<const Listeners::Entries> snapshot;
 };
 
@@ -43,7 +62,8 @@ Subscription Listeners::add(std::shared_ptr<Listening> entry) {
   entry->list = list_;
   {
     const std::lock_guard lock(list_->mutex);
-    entry->place = list_->entries.insert(list_->entries.end(), entry);
+    entry->place = list_->next++;
+    list_->entries.emplace_hint(list_->entries.end(), entry->place, entry);
     list_->snapshot.reset();
   }
   return Subscription([entry = std::move(entry)] { disconnect(*entry); });
@@ -52,7 +72,10 @@ Subscription Listeners::add(std::shared_ptr<Listening> entry) {
 std::shared_ptr<const Listeners::Entries> Listeners::entries() const {
   const std::lock_guard lock(list_->mutex);
   if (!list_->snapshot) {
-    list_->snapshot = std::make_shared<const Entries>(list_->entries.begin(), list_->entries.end());
+    Entries now;
+    now.reserve(list_->entries.size());
+    for (const auto& [place, entry] : list_->entries) now.push_back(entry);
+    list_->snapshot = std::make_shared<const Entries>(std::move(now));
   }
   return list_->snapshot;
 }
@@ -62,4 +85,5 @@ bool Listeners::empty() const {
   return list_->entries.empty();
 }
 
-}  // namespace zq::detail
+}  // namespace detail
+}  // namespace zq

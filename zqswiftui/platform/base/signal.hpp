@@ -2,8 +2,8 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
-#include <list>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -17,20 +17,12 @@ class [[nodiscard]] Subscription {
   Subscription() = default;
   explicit Subscription(std::function<void()> cancel) : cancel_(std::move(cancel)) {}
   ~Subscription() { reset(); }
-  Subscription(Subscription&& other) noexcept : cancel_(std::exchange(other.cancel_, nullptr)) {}
-  Subscription& operator=(Subscription&& other) noexcept {
-    if (this == &other) return *this;
-    reset();
-    cancel_ = std::exchange(other.cancel_, nullptr);
-    return *this;
-  }
+  Subscription(Subscription&& other) noexcept;
+  Subscription& operator=(Subscription&& other) noexcept;
   Subscription(const Subscription&) = delete;
   Subscription& operator=(const Subscription&) = delete;
 
-  void reset() {
-    // Taken out first, so that a cancellation that comes back here finds nothing to do.
-    if (const auto cancel = std::exchange(cancel_, nullptr)) cancel();
-  }
+  void reset();
   explicit operator bool() const { return static_cast<bool>(cancel_); }
 
  private:
@@ -89,7 +81,7 @@ struct Listening {
   virtual void forget() = 0;  // lets go of what the listener holds
   ListenerGate gate;
   std::weak_ptr<ListenerList> list;
-  std::list<std::shared_ptr<Listening>>::iterator place;
+  std::uint64_t place = 0;
 };
 
 // The listeners of a signal in the order of their connection, whatever they take.

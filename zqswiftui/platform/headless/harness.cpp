@@ -124,7 +124,7 @@ void write(const AccessibilityNode& node, std::size_t depth, std::string& text) 
 }  // namespace
 
 Color Element::color() const {
-  const Color* color = std::get_if<Color>(&paint);
+  const Color* color = paint.color();
   return color ? *color : Color::primary();
 }
 

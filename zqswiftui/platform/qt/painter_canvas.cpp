@@ -77,7 +77,7 @@ void PainterCanvas::drawShape(const FillRect& shape, const PlayState& state) {
   const Rect rect = grid_.snap(shape.rect.offsetBy(state.origin));
   // Snapped edges lie on pixels, unless a scaling moves them off.
   setAntialiasing(scaledDepth_ > 0 || softClips_ > 0);
-  if (const auto* color = std::get_if<Color>(&shape.paint)) {
+  if (const auto* color = shape.paint.color()) {
     brushIsFill_ = brushIsFill_ && fill_.color == *color && fill_.scheme == state.scheme &&
                    fill_.opacity == state.opacity;
     painter_->fillRect(toQRectF(rect), resolved(fill_, *color, state));
@@ -103,7 +103,7 @@ void PainterCanvas::drawShape(const FillRoundedRect& shape, const PlayState& sta
 
 bool PainterCanvas::drawPill(const FillRoundedRect& shape, const Rect& rect, double radius,
                              const PlayState& state) {
-  const auto* color = std::get_if<Color>(&shape.paint);
+  const auto* color = shape.paint.color();
   // A scaling would show the pixels of the picture.
   if (color == nullptr || scaledDepth_ > 0 || !(radius > 0)) return false;
   const QSizeF exact(rect.width * grid_.scale, rect.height * grid_.scale);
@@ -188,7 +188,7 @@ void PainterCanvas::drawFrame(const StrokePath& shape, const PlayState& state) {
 
 // A small outline with round corners, as a picture where it begins and ends on whole pixels.
 bool PainterCanvas::drawRing(const StrokePath& shape, Point origin, const PlayState& state) {
-  const auto* color = std::get_if<Color>(&shape.paint);
+  const auto* color = shape.paint.color();
   if (color == nullptr || !(shape.radius > 0) || !shape.style.dash.empty()) return false;
   const Rect rect = shape.rect.offsetBy(origin);
   const QSizeF exact(rect.width * grid_.scale, rect.height * grid_.scale);
@@ -249,14 +249,14 @@ const QColor& PainterCanvas::resolved(Tint& tint, const Color& color, const Play
 }
 
 QBrush PainterCanvas::brushOf(const Paint& paint, const Rect& rect, const PlayState& state) {
-  if (const auto* gradient = std::get_if<LinearGradient>(&paint)) {
+  if (const auto* gradient = paint.gradient()) {
     return toQGradient(*gradient, rect, state);
   }
-  return toQColor(std::get<Color>(paint).resolve(state.scheme), state.opacity);
+  return toQColor(paint.color()->resolve(state.scheme), state.opacity);
 }
 
 void PainterCanvas::fillWith(const Paint& paint, const Rect& rect, const PlayState& state) {
-  const auto* color = std::get_if<Color>(&paint);
+  const auto* color = paint.color();
   if (color == nullptr) {
     painter_->setBrush(brushOf(paint, rect, state));
     brushIsFill_ = false;

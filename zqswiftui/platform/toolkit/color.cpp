@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 #include <zqswiftui/platform/toolkit/color.hpp>
 
 namespace zq {
@@ -95,6 +96,14 @@ LinearGradient LinearGradient::of(const std::vector<Color>& colors, UnitPoint st
     g.stops.push_back({colors[i], static_cast<double>(i) / last});
   }
   return g;
+}
+
+Paint::Paint(LinearGradient gradient)
+    : gradient_(std::make_shared<const LinearGradient>(std::move(gradient))) {}
+
+bool Paint::operator==(const Paint& other) const {
+  if (gradient_ && other.gradient_) return *gradient_ == *other.gradient_;
+  return !gradient_ && !other.gradient_ && color_ == other.color_;
 }
 
 }  // namespace zq

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
+#include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
@@ -108,7 +108,21 @@ struct LinearGradient {
   bool operator==(const LinearGradient&) const = default;
 };
 
-// What a shape is filled or drawn with.
-using Paint = std::variant<Color, LinearGradient>;
+// What a shape is filled or drawn with: a colour, or a gradient.
+class Paint {
+ public:
+  Paint() = default;
+  Paint(Color color) : color_(color) {}  // NOLINT(google-explicit-constructor)
+  Paint(LinearGradient gradient);        // NOLINT(google-explicit-constructor)
+
+  // None where it is the other.
+  const Color* color() const { return gradient_ ? nullptr : &color_; }
+  const LinearGradient* gradient() const { return gradient_.get(); }
+  bool operator==(const Paint& other) const;
+
+ private:
+  Color color_;
+  std::shared_ptr<const LinearGradient> gradient_;
+};
 
 }  // namespace zq

@@ -43,8 +43,8 @@ std::string point(UnitPoint p) {
 }
 
 std::string describe(const Paint& paint) {
-  if (const Color* color = std::get_if<Color>(&paint)) return color->description();
-  const auto& gradient = std::get<LinearGradient>(paint);
+  if (const Color* color = paint.color()) return color->description();
+  const auto& gradient = *paint.gradient();
   std::string text = "gradient " + point(gradient.startPoint) + " to " + point(gradient.endPoint);
   for (const LinearGradient::Stop& stop : gradient.stops) {
     text += " [" + number(stop.location) + ' ' + stop.color.description() + ']';

@@ -20,11 +20,6 @@ struct LocalizedTextsKey {
 };
 
 // While a body runs, which is run again when the host gives others.
-inline std::string localized(Context& context, const std::string& text) {
-  const auto texts = context.environment<LocalizedTextsKey>();
-  if (!texts) return text;
-  const auto found = texts->find(text);
-  return found == texts->end() ? text : found->second;
-}
+std::string localized(Context& context, const std::string& text);
 
 }  // namespace zq

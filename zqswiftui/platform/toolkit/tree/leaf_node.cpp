@@ -42,12 +42,10 @@ Color mix(const Color& from, const Color& to, double t, ColorScheme scheme) {
 
 // Between a colour and a gradient, or gradients of unlike stops, there is no way.
 Paint mix(const Paint& from, const Paint& to, double t, ColorScheme scheme) {
-  if (from.index() != to.index()) return to;
-  if (const auto* color = std::get_if<Color>(&to)) {
-    return mix(std::get<Color>(from), *color, t, scheme);
-  }
-  const auto& before = std::get<LinearGradient>(from);
-  LinearGradient result = std::get<LinearGradient>(to);
+  if (from.color() && to.color()) return mix(*from.color(), *to.color(), t, scheme);
+  if (from.color() || to.color()) return to;
+  const LinearGradient& before = *from.gradient();
+  LinearGradient result = *to.gradient();
   if (before.stops.size() != result.stops.size()) return to;
   for (std::size_t i = 0; i < result.stops.size(); ++i) {
     const LinearGradient::Stop& stop = before.stops[i];
@@ -98,7 +96,7 @@ void LeafNode::fade(const Piece& before) {
     const auto apply = [&](auto& command) {
       if (auto* place = inkOf(command)) {
         if constexpr (std::is_same_v<decltype(place), Color*>) {
-          *place = std::get<Color>(ink);
+          *place = *ink.color();
         } else {
           *place = ink;
         }

@@ -20,12 +20,13 @@ namespace {
 double askedOf(const std::string& page, const DrawnCommand& drawn) {
   constexpr double kLeastOfGraphics = 3;  // WCAG 2.2, success criterion 1.4.11
   const Color& ink = *contrasts::inkOf(drawn.command);
+  const bool onLight = drawn.state.scheme == ColorScheme::light;
   const auto* symbol = std::get_if<DrawSymbol>(&drawn.command);
   const auto shows = [&](const char* name, const Color& color, double opacity) {
     return symbol && symbol->name == name && ink == color && drawn.opacity == opacity;
   };
   // A favourite's star is yellow, and a yellow that stands out from white is none.
-  if (shows("star.fill", Color::yellow(), kRestingOpacity)) return 1.5;
+  if (onLight && shows("star.fill", Color::yellow(), kRestingOpacity)) return 1.5;
   // Where a picture is to be loaded, the symbol is faint until the picture comes.
   if (shows("icloud.and.arrow.down", Color::primary(), 0.5)) return kLeastOfGraphics;
   // A symbol in a tint that its caller gives rests at three quarters of it, and is whole under the
@@ -35,7 +36,7 @@ double askedOf(const std::string& page, const DrawnCommand& drawn) {
   // A ZQButton is white on what lets the window through: it is made for dark windows, and one
   // example shows it in a light one.
   const bool button = page == "ZQButton" && ink == Color::white().opacity(0.8);
-  if (button && drawn.state.scheme == ColorScheme::light) return 1.9;
+  if (onLight && button) return 1.9;
   return contrasts::kLeastContrast;
 }
 

@@ -96,7 +96,7 @@ inline std::vector<TextFault> textFaults(Harness& screen) {
       what = "wants " + zq::describe(Rect{0, 0, wanted.width, wanted.height}) + " and has " +
              zq::describe(drawn.bounds);
     }
-    if (text->maxLines == 0 && longestWord(*text) > text->rect.width + kRounding) {
+    if (!text->singleLine && longestWord(*text) > text->rect.width + kRounding) {
       what = "is broken within a word in " + zq::describe(drawn.bounds);
     }
     if (!what.empty()) faults.push_back({text->content->text, text->maxLines > 0, what});

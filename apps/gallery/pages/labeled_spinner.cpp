@@ -35,8 +35,8 @@ struct LabeledSpinner {
         card("Elements", samples(counts)),
         card("Sides", samples(sides)),
         card("Colours and labels", HStack({.spacing = 24}, colors)),
-        card("Widths of 100 and 300",
-            HStack({.spacing = 24}, {wrapped(100), wrapped(300)})),
+        card("Widths of 140 and 300",
+            HStack({.spacing = 24}, {wrapped(140), wrapped(300)})),
         card("Light and dark", lightAndDark(both)),
     });
   }

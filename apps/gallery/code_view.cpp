@@ -74,9 +74,9 @@ Color colorOf(CodeRun::Kind kind) {
     case CodeRun::Kind::type:
       return Color::blue();
     case CodeRun::Kind::number:
-      return Color::pink();
+      return Color::brown();
     case CodeRun::Kind::text:
-      return Color::green();
+      return Color::red();
     case CodeRun::Kind::comment:
       return Color::secondary();
     case CodeRun::Kind::plain:

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <apps/gallery/gallery_style.hpp>
 #include <cmath>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/layout/flow_layout.hpp>
 
 namespace zq::gallery {
@@ -104,10 +105,12 @@ View note(const std::string& text) {
 }
 
 View row(const std::string& name, View value) {
-  return HStack({.spacing = 12}, {Text(name)
-                                      .foregroundColor(Color::secondary())
-                                      .frame({.width = 130, .alignment = Alignment::leading()}),
-                                  std::move(value)});
+  return HStack(
+      {.spacing = 12},
+      {Text(name)
+           .foregroundColor(Color::secondary())
+           .frame({.width = 130, .alignment = Alignment::leading(), .growsWithText = true}),
+       std::move(value)});
 }
 
 View lightAndDark(View view) {
@@ -129,7 +132,7 @@ View Toggle::body(Context& context) const {
   auto hovered = context.state(false);
   const bool on = isOn.get();
   const double level = *hovered ? 0.14 : 0.07;
-  const Color ground = on ? Color::accent().opacity(0.9) : Color::primary().opacity(level);
+  const Color ground = on ? prominentGround(*hovered) : Color::primary().opacity(level);
   return HStack({.spacing = 6}, {Image::symbol(symbol).font(Font::caption()),
                                  Text(title).font(Font::callout()).lineLimit(1)})
       .foregroundColor(on ? Color::white() : Color::primary())

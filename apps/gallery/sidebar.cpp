@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <apps/gallery/gallery_page.hpp>
 #include <apps/gallery/sidebar.hpp>
+#include <zqswiftui/controls/list_line.hpp>
 #include <zqswiftui/platform/base/text.hpp>
 
 namespace zq::gallery {
@@ -19,7 +20,8 @@ struct SidebarRow : ViewModifiers<SidebarRow> {
 
   View body(Context& context) const {
     auto hovered = context.state(false);
-    const Color ground = selected ? Color::accent() : Color::primary().opacity(*hovered ? 0.08 : 0);
+    const Color ground =
+        selected ? prominentGround() : Color::primary().opacity(*hovered ? 0.08 : 0);
     // Going on by keys keeps the page in sight.
     const auto kept = selected ? std::optional(Rect{0, 0, 1, 24}) : std::nullopt;
     return Button(select, Text(galleryPages()[page].title)

@@ -46,11 +46,15 @@ View rows() {
 std::vector<std::pair<std::string, View>> controls() {
   const std::function<void()> nothing = [] {};
   const auto first = Binding<std::size_t>::constant(0);
-  const View both = VStack({Text("primary"), Image::symbol("star"),
-                            View(Text("secondary")).foregroundColor(Color::secondary()),
-                            View(Text("gray")).foregroundColor(Color::gray())});
+  std::vector<View> inks{Text("primary"), Image::symbol("star")};
+  for (const Color& ink : {Color::secondary(), Color::accent(), Color::gray(), Color::red(),
+                           Color::blue(), Color::purple(), Color::brown()}) {
+    inks.push_back(View(Text(ink.description())).foregroundColor(ink));
+  }
+  const View both = VStack(inks);
   return {
       {"window", both},
+      {"card", both.background(Color::primary().opacity(0.04))},
       {"lit", HStack({listLine({.title = "lit", .checked = true, .lit = true}),
                       View(Text("secondary"))
                           .foregroundColor(Color::secondary())

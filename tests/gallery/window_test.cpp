@@ -5,6 +5,7 @@
 #include <apps/gallery/gallery_window.hpp>
 #include <apps/gallery/options.hpp>
 #include <apps/gallery/sidebar.hpp>
+#include <tests/toolkit/contrast.hpp>
 #include <zqswiftui/platform/headless/harness.hpp>
 
 namespace zq::gallery {
@@ -122,6 +123,15 @@ TEST(GalleryWindow, fitsNineHundredPointsAndLetsTheKeyboardReachTheHeader) {
     EXPECT_TRUE(found.focusable) << name;
   }
   EXPECT_EQ(window.find(Role::toggle, "Code").visible, window.find(Role::toggle, "Code").bounds);
+}
+
+TEST(GalleryWindow, writesCodeAndDrawsItsControlsSoThatTheyStandOut) {
+  Harness window(GalleryWindow{}, {1400, 900});
+  window.click(window.button("Text"));
+  for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+    window.setAppearance({.colorScheme = scheme});
+    contrasts::expectReadable(window, scheme);
+  }
 }
 
 TEST(GalleryOptions, takeTheLooksOfPicturesWithinBounds) {

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string>
+#include <tests/toolkit/fitting.hpp>
 #include <variant>
 #include <vector>
 #include <zqswiftui/platform/headless/harness.hpp>
@@ -16,7 +18,6 @@
 namespace zq::contrasts {
 
 inline constexpr double kLeastContrast = 4.5;  // of texts, WCAG 2.2, success criterion 1.4.3
-inline constexpr double kDisabled = 0.5;       // what shows no stronger is disabled, or not there
 
 struct Light {
   double red, green, blue;
@@ -44,16 +45,18 @@ inline double contrast(const Light& a, const Light& b) {
   return (more + 0.05) / (less + 0.05);
 }
 
-// What fills an area, or writes on it; strokes are neither.
-inline const Color* colorOf(const DrawCommand& command, bool& writes) {
-  const auto plain = [](const Paint& paint) { return paint.color(); };
-  writes = true;
+// The colour of what writes, if it does; strokes do not.
+inline const Color* inkOf(const DrawCommand& command) {
   if (const auto* text = std::get_if<DrawText>(&command)) return &text->color;
   if (const auto* symbol = std::get_if<DrawSymbol>(&command)) return &symbol->color;
-  writes = false;
-  if (const auto* fill = std::get_if<FillRect>(&command)) return plain(fill->paint);
-  if (const auto* fill = std::get_if<FillRoundedRect>(&command)) return plain(fill->paint);
-  if (const auto* fill = std::get_if<FillPath>(&command)) return plain(fill->paint);
+  return nullptr;
+}
+
+// What an area is filled with, if it is.
+inline const Paint* paintOf(const DrawCommand& command) {
+  if (const auto* fill = std::get_if<FillRect>(&command)) return &fill->paint;
+  if (const auto* fill = std::get_if<FillRoundedRect>(&command)) return &fill->paint;
+  if (const auto* fill = std::get_if<FillPath>(&command)) return &fill->paint;
   return nullptr;
 }
 
@@ -62,23 +65,57 @@ inline std::string nameOf(const DrawCommand& command) {
   return text ? text->content->text : std::get<DrawSymbol>(command).name;
 }
 
-// Lays what is drawn one over the other in the middle of each text and symbol.
-inline void expectReadable(Harness& h, ColorScheme scheme) {
+// How a text or symbol stands out from a ground.
+inline double contrastOn(const DrawnCommand& written, const Light& ground) {
+  const RGBA ink = inkOf(written.command)->resolve(written.state.scheme);
+  return contrast(over(ink, written.opacity, ground), ground);
+}
+
+// What a fill makes of the ground below a text or symbol: of a gradient, the stop on which it
+// stands out least.
+inline Light filled(const DrawnCommand& fill, const DrawnCommand& written, const Light& ground) {
+  const Paint& paint = *paintOf(fill.command);
+  const auto laid = [&](const Color& color) {
+    return over(color.resolve(fill.state.scheme), fill.opacity, ground);
+  };
+  if (const Color* color = paint.color()) return laid(*color);
+  std::vector<Light> grounds;
+  for (const auto& stop : paint.gradient()->stops)
+    grounds.push_back(laid(stop.color));
+  const auto least =
+      std::min_element(grounds.begin(), grounds.end(), [&](const Light& a, const Light& b) {
+        return contrastOn(written, a) < contrastOn(written, b);
+      });
+  return least == grounds.end() ? ground : *least;
+}
+
+// The contrast that is asked of a text or symbol.
+using Asked = std::function<double(const DrawnCommand&)>;
+
+inline double askedOfTexts(const DrawnCommand& /*any*/) {
+  return kLeastContrast;
+}
+
+// Lays what is drawn one over the other in the middle of each text and symbol. What is disabled
+// need not be read: the criterion leaves it out.
+inline void expectReadable(Harness& h, ColorScheme scheme, const Asked& asked = askedOfTexts) {
   const std::vector<DrawnCommand> all = h.drawn();
+  const std::vector<fitting::Placed> elements = fitting::elementsOf(h);
   for (std::size_t i = 0; i < all.size(); ++i) {
-    bool writes = false;
-    const Color* ink = colorOf(all[i].command, writes);
-    if (!ink || !writes || all[i].visible.empty() || all[i].opacity < kDisabled) continue;
+    const Color* ink = inkOf(all[i].command);
+    if (!ink || all[i].visible.empty() || all[i].opacity <= 0) continue;
     const Point middle{all[i].bounds.midX(), all[i].bounds.midY()};
+    const bool disabled = std::any_of(elements.begin(), elements.end(), [&](const auto& element) {
+      return !element.node.enabled && element.node.bounds.contains(middle);
+    });
+    if (disabled) continue;
     Light ground = over(Color::background().resolve(scheme), 1, {});
     for (std::size_t behind = 0; behind < i; ++behind) {
-      bool text = false;
-      const Color* fill = colorOf(all[behind].command, text);
-      if (!fill || text || !all[behind].visible.contains(middle)) continue;
-      ground = over(fill->resolve(scheme), all[behind].opacity, ground);
+      if (!paintOf(all[behind].command) || !all[behind].visible.contains(middle)) continue;
+      ground = filled(all[behind], all[i], ground);
     }
-    const Light seen = over(ink->resolve(scheme), all[i].opacity, ground);
-    EXPECT_GE(contrast(seen, ground), kLeastContrast) << nameOf(all[i].command);
+    EXPECT_GE(contrastOn(all[i], ground), asked(all[i]))
+        << nameOf(all[i].command) << " in " << ink->description() << " at " << all[i].opacity;
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -44,6 +45,26 @@ inline std::vector<Placed> elementsOf(Harness& screen) {
   return all;
 }
 
+// The longest run of letters and digits, which no line may break.
+inline double longestWord(const DrawText& text) {
+  const auto parts = [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x80 && std::isalnum(byte) == 0;
+  };
+  double longest = 0;
+  std::string word;
+  for (const char c : text.content->text + ' ') {
+    if (!parts(c)) {
+      word += c;
+      continue;
+    }
+    longest =
+        std::max(longest, Platform::current().textMeasurer().lineWidth(word, text.content->font));
+    word.clear();
+  }
+  return longest;
+}
+
 struct TextFault {
   std::string text;
   bool shortened = false;  // it has a number of lines, and tells with dots that it goes on
@@ -74,6 +95,9 @@ inline std::vector<TextFault> textFaults(Harness& screen) {
         wanted.height > text->rect.height + kRounding) {
       what = "wants " + zq::describe(Rect{0, 0, wanted.width, wanted.height}) + " and has " +
              zq::describe(drawn.bounds);
+    }
+    if (!text->singleLine && longestWord(*text) > text->rect.width + kRounding) {
+      what = "is broken within a word in " + zq::describe(drawn.bounds);
     }
     if (!what.empty()) faults.push_back({text->content->text, text->maxLines > 0, what});
   }

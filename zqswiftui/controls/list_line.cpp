@@ -35,6 +35,10 @@ View lineGround(LineGround ground) {
   return RoundedRectangle(kControlRadius).fill(colorOf(ground));
 }
 
+Color prominentGround(bool hovered) {
+  return Color::hex(hovered ? 0x0a56d0 : 0x0a64f0);
+}
+
 View listLine(const ListLine& line) {
   const View mark = Image::symbol("checkmark").font(Font::caption()).opacity(line.checked ? 1 : 0);
   std::vector<View> parts{

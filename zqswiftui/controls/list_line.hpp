@@ -3,6 +3,7 @@
 
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/toolkit/color.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
@@ -26,6 +27,10 @@ View listOfLines(std::vector<View> lines);
 // secondary colour, keep a contrast of 4.5:1 up to that of what is chosen.
 enum class LineGround : unsigned char { none, hovered, chosenElsewhere, lit, chosen };
 View lineGround(LineGround ground);
+
+// The ground of what is prominent, and written on in white: the accent colour of light windows in
+// dark ones too, for white can be read on no lighter one.
+Color prominentGround(bool hovered = false);
 
 // What cannot be used now is drawn fainter.
 inline constexpr double kDisabledOpacity = 0.4;

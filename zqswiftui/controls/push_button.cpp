@@ -17,8 +17,7 @@ constexpr double kPushRadius = 6;
 constexpr double kSides = 12;
 
 Color groundOf(bool prominent, bool hovered) {
-  // The accent colour of light windows in dark ones too: white can be read on no lighter one.
-  if (prominent) return Color::hex(hovered ? 0x0a5be0 : 0x0a6cff);
+  if (prominent) return prominentGround(hovered);
   return Color::primary().opacity(hovered ? 0.14 : 0.08);
 }
 

@@ -10,9 +10,10 @@ namespace zq {
 
 View symbolButtonBody(const SymbolLook& look, Context& context) {
   const auto opacity = context.state(kRestingOpacity);
-  View face = Image::symbol(look.systemName);
+  // The label keeps the colour of texts: few tints can be read at three quarters of their opacity.
+  View face = View(Image::symbol(look.systemName)).foregroundColor(look.color);
   if (look.label) face = HStack({.spacing = 4}, {face, Text(*look.label).lineLimit(1)});
-  const View button = Button(look.action, face.font(fontOf(look.size)).foregroundColor(look.color))
+  const View button = Button(look.action, face.font(fontOf(look.size)))
                           .opacity(*opacity)
                           .onHover(brightenUnderPointer(opacity));
   const bool named = !look.label && !look.accessibleName.empty();

@@ -12,7 +12,7 @@ namespace zq {
 struct SymbolLook {
   std::string systemName;
   std::optional<std::string> label = std::nullopt;  // at the right of the symbol
-  std::optional<Color> color = std::nullopt;        // none: the foreground's
+  std::optional<Color> color = std::nullopt;        // of the symbol; none: the foreground's
   ZQButton::Size size = ZQButton::Size::normal;
   std::function<void()> action = nullptr;
   std::string accessibleName{};  // spoken where there is no label; empty: made from the symbol

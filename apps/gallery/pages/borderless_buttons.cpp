@@ -31,14 +31,23 @@ View smallOnes() {
       ZQBorderlessSmallButton("Label alone", {.action = [] {}})});
 }
 
+View onColour() {
+  const auto kind = Orientation::horizontal;
+  return HStack({.spacing = 16}, {button(ZQButton::Size::small, kind),
+                                     button(ZQButton::Size::normal, kind),
+                                     button(ZQButton::Size::mini, kind)})
+      .foregroundColor(Color::white())
+      .padding(12)
+      .background(RoundedRectangle(8).fill(Color::hex(0x3b3aa8)));
+}
+
 struct BorderlessButtons {
   View body(Context&) const {
     return cards({
         card("Side by side", sizes(Orientation::horizontal)),
         card("Stacked", sizes(Orientation::vertical)),
         card("Small", smallOnes()),
-        card("In a colour",
-            sizes(Orientation::horizontal).foregroundColor(Color::blue())),
+        card("White on a colour", onColour()),
         card("Disabled", smallOnes().disabled()),
         card("Light and dark", lightAndDark(button(ZQButton::Size::normal,
                                    Orientation::vertical))),

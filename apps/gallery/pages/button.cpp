@@ -24,8 +24,8 @@ View sizes(std::optional<Color> color) {
 
 View colors() {
   std::vector<View> all;
-  for (const Color& color : {Color::blue(), Color::green(), Color::orange(),
-           Color::purple(), Color::pink(), Color::gray()}) {
+  for (const Color& color : {Color::blue(), Color::indigo(),
+           Color::purple(), Color::pink(), Color::red(), Color::gray()}) {
     all.push_back(sample(color.description(),
         button("Export", ZQButton::Size::normal, color)));
   }
@@ -41,12 +41,12 @@ View gradients() {
       {ZQButton("Sunrise", {.width = 120,
                                .size = ZQButton::Size::normal,
                                .backgroundGradient =
-                                   gradient(Color::pink(), Color::orange()),
+                                   gradient(Color::purple(), Color::red()),
                                .action = [] {}}),
           ZQButton("Sea", {.width = 120,
                               .size = ZQButton::Size::normal,
                               .backgroundGradient =
-                                  gradient(Color::teal(), Color::indigo()),
+                                  gradient(Color::blue(), Color::indigo()),
                               .action = [] {}})});
 }
 
@@ -72,8 +72,9 @@ struct Buttons {
             onDark(button("Export", ZQButton::Size::normal, Color::blue())
                        .disabled())),
         card("Light and dark", lightAndDark(sizes(Color::indigo()))),
-        card("Right to left", bothDirections(button("Export",
-                                  ZQButton::Size::normal, Color::teal()))),
+        card("Right to left",
+            bothDirections(onDark(button(
+                "Export", ZQButton::Size::normal, Color::purple())))),
     });
   }
 };

@@ -12,11 +12,10 @@ View flow(Alignment alignment, std::optional<double> spacing) {
   for (int i = 0; i < 12; ++i) {
     const double width = 36 + 23 * (i * 5 % 7);
     const double height = 20 + 6 * (i * 3 % 4);
-    boxes.push_back(
-        Text(std::to_string(i + 1))
-            .foregroundColor(Color::white())
-            .frame(width, height)
-            .background(RoundedRectangle(6).fill(Color::teal())));
+    boxes.push_back(Text(std::to_string(i + 1))
+                        .frame(width, height)
+                        .background(RoundedRectangle(6).fill(
+                            Color::teal().opacity(0.35))));
   }
   return LayoutView(
       NewFlowLayout({.alignment = alignment, .spacing = spacing}),

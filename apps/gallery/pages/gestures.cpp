@@ -14,9 +14,9 @@ struct Draggable : ViewModifiers<Draggable> {
     const Size shown{
         rest->width + moved->width, rest->height + moved->height};
     return RoundedRectangle(12)
-        .fill(Color::teal())
+        .fill(Color::teal().opacity(0.35))
         .frame({.width = 88, .height = 56, .growsWithText = true})
-        .overlay(Text("Drag me").foregroundColor(Color::white()))
+        .overlay(Text("Drag me"))
         .cursor(Cursor::grab)
         .gesture({.minimumDistance = 2,
             .onChanged =

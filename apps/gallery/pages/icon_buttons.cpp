@@ -53,7 +53,7 @@ View labelled() {
   const std::function<void()> press = [] {};
   return samples(
       {ZQOkButton("Save",
-           {.size = kNormal, .color = Color::green(), .action = press}),
+           {.size = kNormal, .color = Color::blue(), .action = press}),
           ZQCancelButton("Discard",
               {.color = Color::red(), .size = kNormal, .action = press}),
           ZQContinueButton("Next",

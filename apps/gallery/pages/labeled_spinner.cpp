@@ -18,8 +18,8 @@ struct LabeledSpinner {
       sides.push_back(sample(std::to_string(side),
           ZQLabeledSpinner({.label = "", .side = double(side)})));
     }
-    for (const Color& color : {Color::gray(), Color::blue(), Color::teal(),
-             Color::orange(), Color::pink()}) {
+    for (const Color& color : {Color::gray(), Color::blue(),
+             Color::purple(), Color::red(), Color::brown()}) {
       colors.push_back(ZQLabeledSpinner(
           {.label = color.description(), .color = color, .side = 24}));
     }
@@ -30,13 +30,13 @@ struct LabeledSpinner {
               .width = width});
     };
     const View both = ZQLabeledSpinner(
-        {.label = "Exporting…", .color = Color::teal(), .side = 24});
+        {.label = "Exporting…", .color = Color::blue(), .side = 24});
     return cards({
         card("Elements", samples(counts)),
         card("Sides", samples(sides)),
         card("Colours and labels", HStack({.spacing = 24}, colors)),
-        card("Widths of 100 and 300",
-            HStack({.spacing = 24}, {wrapped(100), wrapped(300)})),
+        card("Widths of 140 and 300",
+            HStack({.spacing = 24}, {wrapped(140), wrapped(300)})),
         card("Light and dark", lightAndDark(both)),
     });
   }

@@ -12,7 +12,7 @@ View bar(double percentage, Color color = Color::accent(),
   return ZQProgressBarView({.foregroundColor = color,
                                .percentage = percentage,
                                .height = height})
-      .frame({.width = 280});
+      .flexFrame({.maxWidth = 280});
 }
 
 struct ProgressBars {
@@ -26,13 +26,13 @@ struct ProgressBars {
                                    .showPercentage = true,
                                    .height = 8,
                                    .animation = animation})
-          .frame({.width = 352});
+          .flexFrame({.maxWidth = 352});
     };
     const auto percents = [](double percentage, bool digit) {
       return ZQProgressBarView({.percentage = percentage,
                                    .showPercentage = true,
                                    .add1Digit = digit})
-          .frame({.width = 280});
+          .flexFrame({.maxWidth = 280});
     };
     const auto small = [](double percentage) {
       return ZQProgressBarView(
@@ -70,7 +70,7 @@ struct ProgressBars {
                         {.foregroundColor = Color::pink(),
                             .backgroundColor = Color::pink().opacity(0.25),
                             .percentage = 0.35})
-                        .frame({.width = 280}))})),
+                        .flexFrame({.maxWidth = 280}))})),
         card("Light and dark", lightAndDark(small(0.6))),
         card("Right to left", bothDirections(small(0.3))),
     });

@@ -32,11 +32,10 @@ View wide() {
   std::vector<View> tiles;
   tiles.reserve(24);
   for (int i = 0; i < 24; ++i) {
-    tiles.push_back(
-        Text(std::to_string(i + 1))
-            .foregroundColor(Color::white())
-            .frame(72, 56)
-            .background(RoundedRectangle(8).fill(Color::teal())));
+    tiles.push_back(Text(std::to_string(i + 1))
+                        .frame(72, 56)
+                        .background(RoundedRectangle(8).fill(
+                            Color::teal().opacity(0.35))));
   }
   return ScrollView(HStack(std::move(tiles)), ScrollAxes::horizontal)
       .frame({.height = 68});

@@ -9,9 +9,8 @@ namespace {
 View box(
     const std::string& name, double width, double height, Color color) {
   return Text(name)
-      .foregroundColor(Color::white())
       .frame({.width = width, .height = height, .growsWithText = true})
-      .background(RoundedRectangle(6).fill(color));
+      .background(RoundedRectangle(6).fill(color.opacity(0.35)));
 }
 
 std::vector<View> boxes() {
@@ -41,7 +40,7 @@ struct Stacks {
     const View layers =
         ZStack({Circle().fill(Color::yellow()).frame(72, 72),
             Circle().fill(Color::orange()).frame(48, 48),
-            Image::symbol("sun.max").foregroundColor(Color::white())});
+            Image::symbol("sun.max").foregroundColor(Color::black())});
     const View spread = HStack({box("first", 64, 28, Color::teal()),
         Spacer(), box("middle", 64, 28, Color::teal()), Spacer(),
         box("last", 64, 28, Color::teal())});

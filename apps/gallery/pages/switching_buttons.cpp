@@ -32,9 +32,9 @@ struct SwitchingButtons {
     const View stars =
         samples({sample("bound to one value",
                      ZQFavoriteButton({.isFavorite = favorite.binding()})),
-            sample("and again, in pink",
+            sample("and again, in purple",
                 ZQFavoriteButton({.isFavorite = favorite.binding(),
-                    .color = Color::pink()}))});
+                    .color = Color::purple()}))});
     return cards({
         card("ZQPlayPauseButton",
             HStack({.spacing = 12},

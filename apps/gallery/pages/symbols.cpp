@@ -47,11 +47,11 @@ struct Symbols {
     }
     return cards({
         card("Sizes follow the font",
-            sizes.foregroundColor(Color::orange())),
+            sizes.foregroundColor(Color::purple())),
         card("Forms of one name", samples(std::move(forms))),
         card("Light and dark",
-            lightAndDark(HStack(
-                {star(Font::title()).foregroundColor(Color::yellow()),
+            lightAndDark(
+                HStack({star(Font::title()).foregroundColor(Color::red()),
                     Image::symbol("gear").font(Font::title())}))),
         card("All names", sheet()),
     });

@@ -203,8 +203,12 @@ std::vector<DrawnCommand> Harness::drawn() {
     text.content = std::make_shared<const TextContent>(
         TextContent{empty ? field.placeholder : field.text, field.font, nullptr});
     text.rect = field.bounds;
-    text.color = empty ? Color::secondary() : Color::primary();
-    all.push_back({text, {}, field.bounds, field.clip, 1});
+    const auto part = [](float component) { return static_cast<double>(component); };
+    text.color = Color::rgb(part(field.color.red), part(field.color.green), part(field.color.blue),
+                            part(field.color.alpha));
+    PlayState state;
+    state.opacity = field.opacity();
+    all.push_back({text, state, field.bounds, field.clip, state.opacity});
   }
   return all;
 }

@@ -41,8 +41,9 @@ void setColors(QLineEdit& edit, const RGBA& color) {
   const QColor text = toQColor(color);
   palette.setColor(QPalette::Base, Qt::transparent);
   palette.setColor(QPalette::Text, text);
-  palette.setColor(QPalette::PlaceholderText, toQColor(color, 0.4));
-  palette.setColor(QPalette::Disabled, QPalette::Text, toQColor(color, 0.4));
+  palette.setColor(QPalette::PlaceholderText, toQColor(color, TextFieldState::kPlaceholderOpacity));
+  palette.setColor(QPalette::Disabled, QPalette::Text,
+                   toQColor(color, TextFieldState::kDisabledOpacity));
   edit.setPalette(palette);
 }
 

@@ -38,7 +38,7 @@ void paintField(QPainter& painter, double scale, const TextFieldState& field) {
                                  static_cast<double>(c.blue), static_cast<double>(c.alpha));
   PlayState state;
   state.direction = field.direction;
-  state.opacity = hint || !field.enabled ? 0.4 : 1;
+  state.opacity = field.opacity();
   QRegion shown(toQRectF(field.clip).toAlignedRect());
   for (const Rect& covered : field.covered) shown -= toQRectF(covered).toAlignedRect();
   painter.setClipRegion(shown);

@@ -14,21 +14,21 @@ struct NamedColor {
   unsigned dark;
 };
 
-// In the order of Color::Name. Primary, secondary and gray keep a contrast of 4.5:1 against the
-// window, for they are what texts are written in. The hues keep one of 3:1 against the window in
-// both schemes where they are meant as marks.
+// In the order of Color::Name. Primary, secondary, accent, gray, red, blue, purple and brown keep a
+// contrast of 4.5:1 against the window and the cards on it, for texts are written in them. The
+// other hues are for marks and grounds.
 constexpr std::array<NamedColor, 22> kNamed{{
     {"fixed", 0xff000000, 0xff000000},      {"primary", 0xdd000000, 0xe6ffffff},
-    {"secondary", 0x99000000, 0x99ffffff},  {"accent", 0xff0a6cff, 0xff3d8bff},
+    {"secondary", 0x99000000, 0x99ffffff},  {"accent", 0xff0a64f0, 0xff3d8bff},
     {"background", 0xffffffff, 0xff1e1e20}, {"separator", 0x24000000, 0x2effffff},
     {"black", 0xff000000, 0xff000000},      {"white", 0xffffffff, 0xffffffff},
-    {"gray", 0xff6e6e74, 0xff98989e},       {"red", 0xffe5372c, 0xffff5147},
+    {"gray", 0xff69696f, 0xff98989e},       {"red", 0xffd42a1f, 0xffff5147},
     {"orange", 0xfff08a00, 0xffff9f1a},     {"yellow", 0xffe8b800, 0xffffd426},
     {"green", 0xff2fae4b, 0xff38d15c},      {"mint", 0xff00b5a6, 0xff5ce3d8},
     {"teal", 0xff2a9db3, 0xff47c2db},       {"cyan", 0xff2ba6de, 0xff5ac8f5},
-    {"blue", 0xff0a6cff, 0xff3d8bff},       {"indigo", 0xff5451cf, 0xff6a67e6},
-    {"purple", 0xffa04ad6, 0xffbb63f0},     {"pink", 0xfff0325c, 0xffff4a70},
-    {"brown", 0xff9c7f5a, 0xffac8e68},      {"clear", 0x00000000, 0x00000000},
+    {"blue", 0xff0a64f0, 0xff3d8bff},       {"indigo", 0xff5451cf, 0xff6a67e6},
+    {"purple", 0xff923fca, 0xffc880f6},     {"pink", 0xfff0325c, 0xffff4a70},
+    {"brown", 0xff80663f, 0xffac8e68},      {"clear", 0x00000000, 0x00000000},
 }};
 
 float clamped(double v) {

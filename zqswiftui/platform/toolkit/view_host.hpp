@@ -46,6 +46,15 @@ struct TextFieldState {
   bool enabled = true;
   bool focused = false;
   bool operator==(const TextFieldState&) const = default;
+
+  // Of the colour, how strongly texts that are no more than a hint are written, and those of
+  // fields that are disabled. A hint can be read, at a contrast of 4.5:1 for primary.
+  static constexpr double kPlaceholderOpacity = 0.7;
+  static constexpr double kDisabledOpacity = 0.4;
+  double opacity() const {
+    if (!enabled) return kDisabledOpacity;
+    return text.empty() ? kPlaceholderOpacity : 1;
+  }
 };
 
 // Counts of work since the host was made, for tests and benchmarks.

@@ -80,8 +80,7 @@ inline Light filled(const DrawnCommand& fill, const DrawnCommand& written, const
   };
   if (const Color* color = paint.color()) return laid(*color);
   std::vector<Light> grounds;
-  for (const auto& stop : paint.gradient()->stops)
-    grounds.push_back(laid(stop.color));
+  for (const auto& stop : paint.gradient()->stops) grounds.push_back(laid(stop.color));
   const auto least =
       std::min_element(grounds.begin(), grounds.end(), [&](const Light& a, const Light& b) {
         return contrastOn(written, a) < contrastOn(written, b);

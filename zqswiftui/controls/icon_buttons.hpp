@@ -20,9 +20,8 @@ class ZQOkButton : public SymbolButton<ZQOkButton> {
     std::optional<Color> color = std::nullopt;
     Required<std::function<void()>> action;
   };
-  explicit ZQOkButton(const Parameters& p) : ZQOkButton(std::nullopt, p) {}
-  ZQOkButton(std::optional<std::string> label, const Parameters& p)
-      : SymbolButton({"checkmark.circle", std::move(label), p.color, p.size, p.action, "OK"}) {}
+  explicit ZQOkButton(const Parameters& p);
+  ZQOkButton(std::optional<std::string> label, const Parameters& p);
 };
 
 // xmark.circle
@@ -33,19 +32,16 @@ class ZQCancelButton : public SymbolButton<ZQCancelButton> {
     Required<ZQButton::Size> size;
     std::function<void()> action = nullptr;
   };
-  explicit ZQCancelButton(const Parameters& p) : ZQCancelButton(std::nullopt, p) {}
-  ZQCancelButton(std::optional<std::string> label, const Parameters& p)
-      : SymbolButton({"xmark.circle", std::move(label), p.color, p.size, p.action, "Cancel"}) {}
+  explicit ZQCancelButton(const Parameters& p);
+  ZQCancelButton(std::optional<std::string> label, const Parameters& p);
 };
 
 // arrow.right.circle
 class ZQContinueButton : public SymbolButton<ZQContinueButton> {
  public:
   using Parameters = ZQCancelButton::Parameters;
-  explicit ZQContinueButton(const Parameters& p) : ZQContinueButton(std::nullopt, p) {}
-  ZQContinueButton(std::optional<std::string> label, const Parameters& p)
-      : SymbolButton(
-            {"arrow.right.circle", std::move(label), p.color, p.size, p.action, "Continue"}) {}
+  explicit ZQContinueButton(const Parameters& p);
+  ZQContinueButton(std::optional<std::string> label, const Parameters& p);
 };
 
 // delete.left.fill where fill is true, delete.left otherwise
@@ -57,12 +53,7 @@ class ZQDeleteButton : public SymbolButton<ZQDeleteButton> {
     Required<ZQButton::Size> size;
     Required<std::function<void()>> action;
   };
-  explicit ZQDeleteButton(const Parameters& p)
-      : SymbolButton({.systemName = p.fill ? "delete.left.fill" : "delete.left",
-                      .color = p.color,
-                      .size = p.size,
-                      .action = p.action,
-                      .accessibleName = "Delete"}) {}
+  explicit ZQDeleteButton(const Parameters& p);
 };
 
 // doc.on.doc
@@ -72,11 +63,7 @@ class ZQCopyButton : public SymbolButton<ZQCopyButton> {
     std::optional<Color> color = std::nullopt;
     std::function<void()> action = nullptr;
   };
-  explicit ZQCopyButton(const Parameters& p)
-      : SymbolButton({.systemName = "doc.on.doc",
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Copy"}) {}
+  explicit ZQCopyButton(const Parameters& p);
 };
 
 // icloud.and.arrow.down
@@ -86,35 +73,22 @@ class ZQDownloadButton : public SymbolButton<ZQDownloadButton> {
     Required<std::function<void()>> action;
     std::optional<Color> color = std::nullopt;
   };
-  explicit ZQDownloadButton(const Parameters& p)
-      : SymbolButton({.systemName = "icloud.and.arrow.down",
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Download"}) {}
+  explicit ZQDownloadButton(const Parameters& p);
 };
 
 // link
 class ZQLinkButton : public SymbolButton<ZQLinkButton> {
  public:
   using Parameters = ZQDownloadButton::Parameters;
-  explicit ZQLinkButton(const Parameters& p)
-      : SymbolButton({.systemName = "link",
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Link"}) {}
+  explicit ZQLinkButton(const Parameters& p);
 };
 
 // gear
 class ZQSettingsButton : public SymbolButton<ZQSettingsButton> {
  public:
   using Parameters = ZQCopyButton::Parameters;
-  explicit ZQSettingsButton(const Parameters& p) : ZQSettingsButton(std::nullopt, p) {}
-  ZQSettingsButton(std::optional<std::string> label, const Parameters& p)
-      : SymbolButton({.systemName = "gear",
-                      .label = std::move(label),
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Settings"}) {}
+  explicit ZQSettingsButton(const Parameters& p);
+  ZQSettingsButton(std::optional<std::string> label, const Parameters& p);
 };
 
 // line.3.horizontal: opens a menu or a side list.
@@ -125,12 +99,7 @@ class ZQHamburgerButton : public SymbolButton<ZQHamburgerButton> {
     ZQButton::Size size = ZQButton::Size::normal;
     Required<std::function<void()>> action;
   };
-  explicit ZQHamburgerButton(const Parameters& p)
-      : SymbolButton({.systemName = "line.3.horizontal",
-                      .color = p.color,
-                      .size = p.size,
-                      .action = p.action,
-                      .accessibleName = "Menu"}) {}
+  explicit ZQHamburgerButton(const Parameters& p);
 };
 
 // pause while something plays, play otherwise: what a press would do. The host keeps the state.
@@ -142,12 +111,7 @@ class ZQPlayPauseButton : public SymbolButton<ZQPlayPauseButton> {
     ZQButton::Size size = ZQButton::Size::normal;
     Required<std::function<void()>> action;
   };
-  explicit ZQPlayPauseButton(const Parameters& p)
-      : SymbolButton({.systemName = p.isPlaying ? "pause.fill" : "play.fill",
-                      .color = p.color,
-                      .size = p.size,
-                      .action = p.action,
-                      .accessibleName = p.isPlaying ? "Pause" : "Play"}) {}
+  explicit ZQPlayPauseButton(const Parameters& p);
 };
 
 }  // namespace zq

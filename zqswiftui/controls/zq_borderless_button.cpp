@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_borderless_button.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
@@ -44,6 +45,25 @@ View borderlessBody(const Borderless& b, Context& context) {
 }
 
 }  // namespace
+
+ZQBorderlessButton::ZQBorderlessButton(std::optional<std::string> label, Parameters parameters)
+    : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+
+ZQBorderlessButton::ZQBorderlessButton(std::optional<std::string> label,
+                                       const SystemImageParameters& p)
+    : ZQBorderlessButton(std::move(label),
+                         Parameters{p.systemImage, p.size, p.orientation, p.action}) {}
+
+ZQBorderlessCustomImageButton::ZQBorderlessCustomImageButton(std::optional<std::string> label,
+                                                             Parameters parameters)
+    : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+
+ZQBorderlessSmallButton::ZQBorderlessSmallButton(std::optional<std::string> label,
+                                                 Parameters parameters)
+    : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+
+ZQImageButton::ZQImageButton(std::string image, Parameters parameters)
+    : image_(std::move(image)), parameters_(std::move(parameters)) {}
 
 View ZQBorderlessButton::body(Context& context) const {
   const auto& p = parameters_;

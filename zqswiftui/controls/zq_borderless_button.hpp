@@ -31,11 +31,8 @@ class ZQBorderlessButton : public ViewModifiers<ZQBorderlessButton> {
     Required<Orientation> orientation;
     Required<std::function<void()>> action;
   };
-  ZQBorderlessButton(std::optional<std::string> label, Parameters parameters)
-      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
-  ZQBorderlessButton(std::optional<std::string> label, const SystemImageParameters& p)
-      : ZQBorderlessButton(std::move(label),
-                           Parameters{p.systemImage, p.size, p.orientation, p.action}) {}
+  ZQBorderlessButton(std::optional<std::string> label, Parameters parameters);
+  ZQBorderlessButton(std::optional<std::string> label, const SystemImageParameters& p);
 
   View body(Context& context) const;
 
@@ -55,8 +52,7 @@ class ZQBorderlessCustomImageButton : public ViewModifiers<ZQBorderlessCustomIma
     Required<Orientation> orientation;
     Required<std::function<void()>> action;
   };
-  ZQBorderlessCustomImageButton(std::optional<std::string> label, Parameters parameters)
-      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+  ZQBorderlessCustomImageButton(std::optional<std::string> label, Parameters parameters);
 
   View body(Context& context) const;
 
@@ -74,8 +70,7 @@ class ZQBorderlessSmallButton : public ViewModifiers<ZQBorderlessSmallButton> {
     std::optional<std::string> image = std::nullopt;
     Required<std::function<void()>> action;
   };
-  ZQBorderlessSmallButton(std::optional<std::string> label, Parameters parameters)
-      : textLabel_(std::move(label)), parameters_(std::move(parameters)) {}
+  ZQBorderlessSmallButton(std::optional<std::string> label, Parameters parameters);
 
   View body(Context& context) const;
 
@@ -94,8 +89,7 @@ class ZQImageButton : public ViewModifiers<ZQImageButton> {
     std::string accessibleName{};
     Required<std::function<void()>> action;
   };
-  ZQImageButton(std::string image, Parameters parameters)
-      : image_(std::move(image)), parameters_(std::move(parameters)) {}
+  ZQImageButton(std::string image, Parameters parameters);
 
   View body(Context& context) const;
 

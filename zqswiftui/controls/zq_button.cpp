@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_button.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
@@ -13,6 +14,9 @@ constexpr double kEndInset = 8;     // keeps the title out of the round ends
 constexpr double kImageMargin = 3;  // above and below a picture
 
 }  // namespace
+
+ZQButton::ZQButton(std::string title, Parameters parameters)
+    : title_(std::move(title)), parameters_(std::move(parameters)) {}
 
 Font fontOf(ZQButton::Size size) {
   switch (size) {

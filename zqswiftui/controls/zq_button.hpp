@@ -30,8 +30,7 @@ class ZQButton : public ViewModifiers<ZQButton> {
     std::optional<LinearGradient> backgroundGradient = std::nullopt;  // goes before the colour
     Required<std::function<void()>> action;
   };
-  ZQButton(std::string title, Parameters parameters)
-      : title_(std::move(title)), parameters_(std::move(parameters)) {}
+  ZQButton(std::string title, Parameters parameters);
 
   View body(Context& context) const;
 

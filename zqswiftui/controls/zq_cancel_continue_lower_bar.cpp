@@ -1,9 +1,13 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/icon_buttons.hpp>
 #include <zqswiftui/controls/zq_cancel_continue_lower_bar.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 
 namespace zq {
+
+ZQCancelContinueLowerBar::ZQCancelContinueLowerBar(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQCancelContinueLowerBar::body(Context& /*context*/) const {
   constexpr auto kSize = ZQButton::Size::normal;

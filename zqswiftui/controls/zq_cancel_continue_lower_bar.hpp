@@ -17,7 +17,7 @@ class ZQCancelContinueLowerBar : public ViewModifiers<ZQCancelContinueLowerBar> 
     Required<std::function<void()>> onCancel;
     std::function<void()> onContinue = nullptr;
   };
-  explicit ZQCancelContinueLowerBar(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQCancelContinueLowerBar(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cmath>
+#include <utility>
 #include <zqswiftui/controls/zq_capsuled_text.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>
@@ -25,6 +26,8 @@ double luminance(const RGBA& front, const RGBA& behind) {
 }
 
 }  // namespace
+
+ZQCapsuledText::ZQCapsuledText(Parameters parameters) : parameters_(std::move(parameters)) {}
 
 Color readableTextColor(Color background, ColorScheme scheme) {
   // Both contrasts, (L + 0.05) / 0.05 with black and 1.05 / (L + 0.05) with white, are equal

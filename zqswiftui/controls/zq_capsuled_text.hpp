@@ -23,7 +23,7 @@ class ZQCapsuledText : public ViewModifiers<ZQCapsuledText> {
     Color backgroundColor = Color::black().opacity(0.8);
     bool operator==(const Parameters&) const = default;
   };
-  explicit ZQCapsuledText(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQCapsuledText(Parameters parameters);
 
   View body(Context& context) const;
   bool operator==(const ZQCapsuledText&) const = default;

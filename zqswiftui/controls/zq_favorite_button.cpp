@@ -1,9 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/zq_favorite_button.hpp>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 
 namespace zq {
+
+ZQFavoriteButton::ZQFavoriteButton(Parameters parameters) : parameters_(std::move(parameters)) {}
 
 View ZQFavoriteButton::body(Context& context) const {
   // A binding need not come from anything that this view could observe; the star must turn

@@ -19,7 +19,7 @@ class ZQFavoriteButton : public ViewModifiers<ZQFavoriteButton> {
     Color color = Color::yellow();
     std::function<void(bool)> callback = nullptr;
   };
-  explicit ZQFavoriteButton(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQFavoriteButton(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -1,10 +1,13 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/zq_labeled_spinner.hpp>
 #include <zqswiftui/platform/toolkit/progress_view.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 #include <zqswiftui/platform/toolkit/text.hpp>
 
 namespace zq {
+
+ZQLabeledSpinner::ZQLabeledSpinner(Parameters parameters) : parameters_(std::move(parameters)) {}
 
 View ZQLabeledSpinner::body(Context&) const {
   const std::string& label = parameters_.label;

@@ -25,7 +25,7 @@ class ZQLabeledSpinner : public ViewModifiers<ZQLabeledSpinner> {
     int n = 8;
     bool operator==(const Parameters&) const = default;
   };
-  explicit ZQLabeledSpinner(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQLabeledSpinner(Parameters parameters);
 
   View body(Context& context) const;
   bool operator==(const ZQLabeledSpinner&) const = default;

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/hover_opacity.hpp>
 #include <zqswiftui/controls/zq_capsuled_text.hpp>
 #include <zqswiftui/controls/zq_large_square_button.hpp>
@@ -45,6 +46,13 @@ View square(const ZQLargeSquareButton::Parameters& p, View face, Context& contex
 }
 
 }  // namespace
+
+ZQLargeSquareButton::ZQLargeSquareButton(std::string title, Parameters parameters)
+    : title_(std::move(title)), parameters_(std::move(parameters)) {}
+
+ZQLargeSquareSelectableButton::ZQLargeSquareSelectableButton(std::string title,
+                                                             Parameters parameters)
+    : title_(std::move(title)), parameters_(std::move(parameters)) {}
 
 View ZQLargeSquareButton::body(Context& context) const {
   return square(parameters_, face(title_, parameters_.systemImage), context);

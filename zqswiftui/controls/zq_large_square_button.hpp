@@ -22,8 +22,7 @@ class ZQLargeSquareButton : public ViewModifiers<ZQLargeSquareButton> {
     std::optional<Color> backgroundColor = std::nullopt;
     Required<std::function<void()>> action;
   };
-  ZQLargeSquareButton(std::string title, Parameters parameters)
-      : title_(std::move(title)), parameters_(std::move(parameters)) {}
+  ZQLargeSquareButton(std::string title, Parameters parameters);
 
   View body(Context& context) const;
 
@@ -44,8 +43,7 @@ class ZQLargeSquareSelectableButton : public ViewModifiers<ZQLargeSquareSelectab
     std::optional<Color> backgroundColor = std::nullopt;
     Required<std::function<void()>> action;
   };
-  ZQLargeSquareSelectableButton(std::string title, Parameters parameters)
-      : title_(std::move(title)), parameters_(std::move(parameters)) {}
+  ZQLargeSquareSelectableButton(std::string title, Parameters parameters);
 
   View body(Context& context) const;
 

@@ -22,12 +22,7 @@ class ZQPlusButton : public SymbolButton<ZQPlusButton> {
     std::optional<Color> color = std::nullopt;
     Required<std::function<void()>> action;
   };
-  explicit ZQPlusButton(const Parameters& p)
-      : SymbolButton({.systemName = symbolName("plus", p.style),
-                      .label = p.label,
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Add"}) {}
+  explicit ZQPlusButton(const Parameters& p);
 };
 
 // Removes something.
@@ -38,11 +33,7 @@ class ZQMinusButton : public SymbolButton<ZQMinusButton> {
     std::optional<Color> color = std::nullopt;
     Required<std::function<void()>> action;
   };
-  explicit ZQMinusButton(const Parameters& p)
-      : SymbolButton({.systemName = symbolName("minus", p.style),
-                      .color = p.color,
-                      .action = p.action,
-                      .accessibleName = "Remove"}) {}
+  explicit ZQMinusButton(const Parameters& p);
 };
 
 }  // namespace zq

@@ -24,8 +24,7 @@ class ZQSystemImageButton : public SymbolButton<ZQSystemImageButton> {
     ZQButton::Size size = ZQButton::Size::normal;
     Required<std::function<void()>> action;
   };
-  explicit ZQSystemImageButton(const Parameters& p)
-      : ZQSystemImageButton(p.systemName, {p.color, p.size, p.action}) {}
+  explicit ZQSystemImageButton(const Parameters& p);
   ZQSystemImageButton(std::string systemName, const Options& options);
 };
 

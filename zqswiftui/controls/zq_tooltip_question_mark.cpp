@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/zq_system_image_button.hpp>
 #include <zqswiftui/controls/zq_tooltip_question_mark.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -10,6 +11,9 @@ namespace {
 constexpr double kWidestPopover = 320;  // a line that is still read with ease
 
 }  // namespace
+
+ZQTooltipQuestionMark::ZQTooltipQuestionMark(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQTooltipQuestionMark::body(Context& context) const {
   const auto showPop = context.state(false);

@@ -19,7 +19,7 @@ class ZQTooltipQuestionMark : public ViewModifiers<ZQTooltipQuestionMark> {
     Required<std::string> text;
     bool operator==(const Parameters&) const = default;
   };
-  explicit ZQTooltipQuestionMark(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQTooltipQuestionMark(Parameters parameters);
   // A template, so that braces always mean the parameters.
   template <std::convertible_to<std::string> Text>
   explicit ZQTooltipQuestionMark(const Text& text) : parameters_{std::nullopt, text} {}

@@ -18,7 +18,7 @@ class ZQAppDragAreaWithNameView : public ViewModifiers<ZQAppDragAreaWithNameView
     double strokeWidth = 0.67;  // of the frame, in points
     Required<std::function<void(const Url&)>> onDrag;
   };
-  explicit ZQAppDragAreaWithNameView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQAppDragAreaWithNameView(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -22,8 +22,7 @@ class ZQDragAndUploadImageAreaView : public ViewModifiers<ZQDragAndUploadImageAr
     std::vector<std::string> acceptedExtension = {"jpg", "jpeg", "png"};
     Required<std::function<void(const Url&)>> callback;
   };
-  explicit ZQDragAndUploadImageAreaView(Parameters parameters)
-      : parameters_(std::move(parameters)) {}
+  explicit ZQDragAndUploadImageAreaView(Parameters parameters);
 
   View body(Context& context) const;
 

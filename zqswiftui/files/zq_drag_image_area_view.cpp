@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/files/drop_area.hpp>
 #include <zqswiftui/files/zq_drag_image_area_view.hpp>
 #include <zqswiftui/images/zq_cached_image.hpp>
@@ -13,6 +14,9 @@ constexpr double kPlaceholderSize = 32;
 constexpr double kPlaceholderOpacity = 0.65;  // dimmed, at a contrast of 4.5:1 on a card
 
 }  // namespace
+
+ZQDragImageAreaView::ZQDragImageAreaView(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQDragImageAreaView::body(Context&) const {
   const Parameters& p = parameters_;

@@ -24,7 +24,7 @@ class ZQDragImageAreaView : public ViewModifiers<ZQDragImageAreaView> {
     Required<bool> showPlaceholder;  // the symbol "photo", dimmed, where there is no picture
     Required<std::function<void(const Url&)>> callback;
   };
-  explicit ZQDragImageAreaView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQDragImageAreaView(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/controls/icon_buttons.hpp>
 #include <zqswiftui/files/zq_file_drag_area_view.hpp>
 #include <zqswiftui/files/zq_file_drag_area_with_label.hpp>
@@ -12,6 +13,9 @@ constexpr double kStrokeWidth = 1;
 constexpr double kMinHeight = 40;
 
 }  // namespace
+
+ZQFileDragAreaWithLabel::ZQFileDragAreaWithLabel(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQFileDragAreaWithLabel::body(Context&) const {
   const Parameters& p = parameters_;

@@ -25,7 +25,7 @@ class ZQFileDragAreaWithLabel : public ViewModifiers<ZQFileDragAreaWithLabel> {
     std::optional<std::string> promptString = std::nullopt;
     bool canDelete = true;
   };
-  explicit ZQFileDragAreaWithLabel(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQFileDragAreaWithLabel(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -1,10 +1,14 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/files/zq_file_drag_area_view.hpp>
 #include <zqswiftui/files/zq_file_drag_area_with_name_view.hpp>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 #include <zqswiftui/platform/toolkit/text.hpp>
 
 namespace zq {
+
+ZQFileDragAreaWithNameView::ZQFileDragAreaWithNameView(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQFileDragAreaWithNameView::body(Context&) const {
   const Parameters& p = parameters_;

@@ -25,7 +25,7 @@ class ZQFileDragAreaWithNameView : public ViewModifiers<ZQFileDragAreaWithNameVi
     double strokeWidth = 0.67;  // of the frame, in points
     Required<std::function<void(const Url&)>> onDrag;
   };
-  explicit ZQFileDragAreaWithNameView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQFileDragAreaWithNameView(Parameters parameters);
 
   View body(Context& context) const;
 

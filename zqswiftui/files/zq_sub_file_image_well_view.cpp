@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/files/zq_file_drag_area_view.hpp>
 #include <zqswiftui/files/zq_sub_file_image_well_view.hpp>
 #include <zqswiftui/images/zq_sub_file_cached_image.hpp>
@@ -20,6 +21,9 @@ Task<void> keep(ZQSubFiles store, Url file, Binding<std::optional<std::string>> 
 }
 
 }  // namespace
+
+ZQSubFileImageWellView::ZQSubFileImageWellView(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQSubFileImageWellView::body(Context&) const {
   const Parameters& p = parameters_;

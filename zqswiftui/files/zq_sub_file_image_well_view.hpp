@@ -24,7 +24,7 @@ class ZQSubFileImageWellView : public ViewModifiers<ZQSubFileImageWellView> {
     Required<Binding<std::optional<std::string>>> id;
     std::function<void(const Url&)> somethingDragged = nullptr;
   };
-  explicit ZQSubFileImageWellView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQSubFileImageWellView(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -1,8 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <utility>
 #include <zqswiftui/files/drop_area.hpp>
 #include <zqswiftui/files/zq_text_drag_area_view.hpp>
 
 namespace zq {
+
+ZQTextDragAreaView::ZQTextDragAreaView(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQTextDragAreaView::body(Context&) const {
   const Parameters& p = parameters_;

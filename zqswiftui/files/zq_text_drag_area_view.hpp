@@ -24,7 +24,7 @@ class ZQTextDragAreaView : public ViewModifiers<ZQTextDragAreaView> {
     double strokeWidth = 0.67;                               // of the frame, in points
     Required<std::function<void(const std::string&)>> onDrag;
   };
-  explicit ZQTextDragAreaView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQTextDragAreaView(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -15,6 +15,8 @@ constexpr int kDigits = 5;
 
 }  // namespace
 
+ZQAnImageView::ZQAnImageView(std::string prefix) : prefix_(std::move(prefix)) {}
+
 // Apart from the animation, so that reading never holds it: it ends on the interface thread.
 struct ZQAnimImage::Frames {
   mutable std::mutex mutex;

@@ -55,7 +55,7 @@ class ZQAnimImage : public ObservableObject, public std::enable_shared_from_this
 //   ZQAnImageView("spin").frame(64, 64)
 class ZQAnImageView : public ViewModifiers<ZQAnImageView> {
  public:
-  explicit ZQAnImageView(std::string prefix) : prefix_(std::move(prefix)) {}
+  explicit ZQAnImageView(std::string prefix);
 
   View body(Context& context) const;
   bool operator==(const ZQAnImageView&) const = default;

@@ -65,6 +65,8 @@ class PasteboardFollower : public ObservableObject,
 
 }  // namespace
 
+ZQPasteboardImage::ZQPasteboardImage(Parameters parameters) : parameters_(std::move(parameters)) {}
+
 View ZQPasteboardImage::body(Context& context) const {
   const auto follower = *context.stateOf([] { return PasteboardFollower::create(); });
   const std::optional<ZQImage> picture = context.observe(follower).picture.get();

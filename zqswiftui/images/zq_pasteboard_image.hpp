@@ -23,7 +23,7 @@ class ZQPasteboardImage : public ViewModifiers<ZQPasteboardImage> {
     std::function<void(const ZQImage&)> tappedCallback = nullptr;  // null: it cannot be clicked
   };
   ZQPasteboardImage() = default;
-  explicit ZQPasteboardImage(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQPasteboardImage(Parameters parameters);
 
   View body(Context& context) const;
 

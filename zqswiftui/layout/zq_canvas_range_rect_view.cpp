@@ -1,11 +1,16 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
+#include <utility>
 #include <zqswiftui/layout/zq_canvas_range_rect_view.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/platform/base/number_text.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 
 namespace zq {
+
+ZQCanvasRangeRectView::ZQCanvasRangeRectView(Binding<ZQTimeRange> range, ZQTimeRange targetRange,
+                                             Color color)
+    : range_(std::move(range)), targetRange_(targetRange), color_(color) {}
 
 View ZQCanvasRangeRectView::body(Context& context) const {
   const auto rect = context.stateOf([this] { return rectOfRange(range_.get(), targetRange_); });

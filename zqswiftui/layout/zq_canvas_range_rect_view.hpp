@@ -16,8 +16,7 @@ namespace zq {
 //   ZQCanvasRangeRectView(range.binding(), {0, 90}, Color::yellow())
 class ZQCanvasRangeRectView : public ViewModifiers<ZQCanvasRangeRectView> {
  public:
-  ZQCanvasRangeRectView(Binding<ZQTimeRange> range, ZQTimeRange targetRange, Color color)
-      : range_(std::move(range)), targetRange_(targetRange), color_(color) {}
+  ZQCanvasRangeRectView(Binding<ZQTimeRange> range, ZQTimeRange targetRange, Color color);
 
   View body(Context& context) const;
 

@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <cstdio>
+#include <utility>
 #include <zqswiftui/layout/rect_outline.hpp>
 #include <zqswiftui/layout/zq_canvas_rect_drawing_view.hpp>
 #include <zqswiftui/platform/base/number_text.hpp>
@@ -54,6 +55,9 @@ View drawing(const ZQCanvasRectDrawingView::Parameters& p, const Rect& rect, Siz
 }
 
 }  // namespace
+
+ZQCanvasRectDrawingView::ZQCanvasRectDrawingView(Parameters parameters)
+    : parameters_(std::move(parameters)) {}
 
 View ZQCanvasRectDrawingView::body(Context&) const {
   // A picture is the same from right to left, and so is what is drawn on it.

@@ -29,7 +29,7 @@ class ZQCanvasRectDrawingView : public ViewModifiers<ZQCanvasRectDrawingView> {
     Bound bound = Bound::none;
     Required<Color> color;
   };
-  explicit ZQCanvasRectDrawingView(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQCanvasRectDrawingView(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 #include <zqswiftui/layout/rect_outline.hpp>
 #include <zqswiftui/layout/zq_draggable_rect.hpp>
 #include <zqswiftui/platform/base/number_text.hpp>
@@ -114,6 +115,8 @@ struct Drawing {
 };
 
 }  // namespace
+
+ZQDraggableRect::ZQDraggableRect(Parameters parameters) : parameters_(std::move(parameters)) {}
 
 View ZQDraggableRect::body(Context& context) const {
   const auto handles = context.stateOf([this] {

@@ -33,7 +33,7 @@ class ZQDraggableRect : public ViewModifiers<ZQDraggableRect> {
     double lineWidth = 2;
     std::function<void(const Rect& rect)> valueChangedCallback = nullptr;
   };
-  explicit ZQDraggableRect(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQDraggableRect(Parameters parameters);
 
   View body(Context& context) const;
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
 #include <zqswiftui/layout/zq_mini_timeline.hpp>
 #include <zqswiftui/platform/base/timecode.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
@@ -61,6 +62,8 @@ std::string spoken(const ZQTimeRange& range, std::size_t segments) {
 }
 
 }  // namespace
+
+ZQMiniTimeline::ZQMiniTimeline(Parameters parameters) : parameters_(std::move(parameters)) {}
 
 TimelinePiece timelinePiece(const ZQTimeRange& segment, const ZQTimeRange& totalRange,
                             double width) {

@@ -22,7 +22,7 @@ class ZQMiniTimeline : public ViewModifiers<ZQMiniTimeline> {
     Required<double> cornerRadius;
     bool operator==(const Parameters&) const = default;
   };
-  explicit ZQMiniTimeline(Parameters parameters) : parameters_(std::move(parameters)) {}
+  explicit ZQMiniTimeline(Parameters parameters);
 
   View body(Context& context) const;
   bool operator==(const ZQMiniTimeline&) const = default;

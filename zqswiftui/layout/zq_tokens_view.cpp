@@ -1,5 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <memory>
+#include <utility>
 #include <zqswiftui/bindings/zq_deferred_binding.hpp>
 #include <zqswiftui/layout/zq_tokens_view.hpp>
 #include <zqswiftui/platform/services/require.hpp>
@@ -35,6 +36,9 @@ std::string joinedByCommas(const ZQTokensView::List& tokens) {
 }
 
 }  // namespace
+
+ZQTokensView::ZQTokensView(Binding<List> tokenList, List separators)
+    : tokenList_(std::move(tokenList)), separators_(std::move(separators)) {}
 
 std::vector<std::string> tokensOf(std::string_view text, std::string_view separator) {
   std::vector<std::string> tokens;

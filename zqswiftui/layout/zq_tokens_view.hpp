@@ -18,8 +18,7 @@ class ZQTokensView : public ViewModifiers<ZQTokensView> {
  public:
   using List = std::vector<std::string>;
 
-  explicit ZQTokensView(Binding<List> tokenList, List separators = {",", ";"})
-      : tokenList_(std::move(tokenList)), separators_(std::move(separators)) {}
+  explicit ZQTokensView(Binding<List> tokenList, List separators = {",", ";"});
 
   View body(Context& context) const;
 

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <zqswiftui/platform/toolkit/scroll_view.hpp>
 #include <zqswiftui/platform/toolkit/tree/responder.hpp>
 #include <zqswiftui/platform/toolkit/tree/tree.hpp>
@@ -196,6 +197,8 @@ void ScrollNode::describe(std::vector<AccessibilityNode>& out) {
 }
 
 }  // namespace
+
+ScrollView::ScrollView(View content, ScrollAxes axes) : content_(std::move(content)), axes_(axes) {}
 
 ScrollView::operator View() const {
   return View::make<ScrollValue>(content_, axes_);

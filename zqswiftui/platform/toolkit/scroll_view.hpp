@@ -12,8 +12,7 @@ enum class ScrollAxes : unsigned char { vertical, horizontal, both };
 // content changes.
 class ScrollView : public ViewModifiers<ScrollView> {
  public:
-  explicit ScrollView(View content, ScrollAxes axes = ScrollAxes::vertical)
-      : content_(std::move(content)), axes_(axes) {}
+  explicit ScrollView(View content, ScrollAxes axes = ScrollAxes::vertical);
   operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 #include <zqswiftui/platform/toolkit/stacks.hpp>
 #include <zqswiftui/platform/toolkit/tree/component_node.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
@@ -12,6 +13,19 @@ namespace {
 constexpr double kLengthRounding = 1e-6;  // of sums, in points
 
 }  // namespace
+
+HStack::HStack(std::vector<View> children) : HStack(Parameters{}, std::move(children)) {}
+
+HStack::HStack(Parameters parameters, std::vector<View> children)
+    : parameters_(parameters), children_(std::move(children)) {}
+
+VStack::VStack(std::vector<View> children) : VStack(Parameters{}, std::move(children)) {}
+
+VStack::VStack(Parameters parameters, std::vector<View> children)
+    : parameters_(parameters), children_(std::move(children)) {}
+
+ZStack::ZStack(std::vector<View> children, Alignment alignment)
+    : alignment_(alignment), children_(std::move(children)) {}
 
 std::vector<double> shareLength(double available, std::span<const StackItem> items,
                                 const std::function<double(std::size_t, double)>& take) {

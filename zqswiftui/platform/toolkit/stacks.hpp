@@ -19,9 +19,8 @@ struct HStackParameters {
 class HStack : public ViewModifiers<HStack> {
  public:
   using Parameters = HStackParameters;
-  explicit HStack(std::vector<View> children) : HStack(Parameters{}, std::move(children)) {}
-  HStack(Parameters parameters, std::vector<View> children)
-      : parameters_(parameters), children_(std::move(children)) {}
+  explicit HStack(std::vector<View> children);
+  HStack(Parameters parameters, std::vector<View> children);
   operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:
@@ -37,9 +36,8 @@ struct VStackParameters {
 class VStack : public ViewModifiers<VStack> {
  public:
   using Parameters = VStackParameters;
-  explicit VStack(std::vector<View> children) : VStack(Parameters{}, std::move(children)) {}
-  VStack(Parameters parameters, std::vector<View> children)
-      : parameters_(parameters), children_(std::move(children)) {}
+  explicit VStack(std::vector<View> children);
+  VStack(Parameters parameters, std::vector<View> children);
   operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:
@@ -50,8 +48,7 @@ class VStack : public ViewModifiers<VStack> {
 // Children one on the other, the last in front; as large as the largest.
 class ZStack : public ViewModifiers<ZStack> {
  public:
-  explicit ZStack(std::vector<View> children, Alignment alignment = Alignment::center())
-      : alignment_(alignment), children_(std::move(children)) {}
+  explicit ZStack(std::vector<View> children, Alignment alignment = Alignment::center());
   operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:

@@ -2,10 +2,13 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <zqswiftui/platform/toolkit/text.hpp>
 #include <zqswiftui/platform/toolkit/tree/leaf_node.hpp>
 
 namespace zq {
+
+Text::Text(std::string text) : text_(std::move(text)) {}
 
 class TextNode final : public LeafNode {
  public:

@@ -13,7 +13,7 @@ namespace zq {
 //   Text("Hello").font(Font::caption()).foregroundColor(Color::secondary())
 class Text : public ViewModifiers<Text> {
  public:
-  explicit Text(std::string text) : text_(std::move(text)) {}
+  explicit Text(std::string text);
 
   Text font(Font font) const;
   Text foregroundColor(std::optional<Color> color) const;  // none: as it was

@@ -1,6 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <zqswiftui/platform/toolkit/text_field.hpp>
 #include <zqswiftui/platform/toolkit/tree/text_field_node.hpp>
 
@@ -29,6 +30,9 @@ std::size_t after(const std::string& s, std::size_t i) {
 }
 
 }  // namespace
+
+TextField::TextField(std::string placeholder, Binding<std::string> text)
+    : placeholder_(std::move(placeholder)), text_(std::move(text)) {}
 
 std::unique_ptr<Node> TextFieldValue::makeNode(const NodePlace& place) const {
   return std::make_unique<TextFieldNode>(place);

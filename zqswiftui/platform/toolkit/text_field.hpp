@@ -13,8 +13,7 @@ namespace zq {
 //   TextField("Name", name).onSubmit([] { save(); })
 class TextField : public ViewModifiers<TextField> {
  public:
-  TextField(std::string placeholder, Binding<std::string> text)
-      : placeholder_(std::move(placeholder)), text_(std::move(text)) {}
+  TextField(std::string placeholder, Binding<std::string> text);
   TextField onSubmit(std::function<void()> action) const;  // Return was pressed
   // The focus has gone elsewhere, to another window too.
   TextField onEditingEnded(std::function<void()> action) const;

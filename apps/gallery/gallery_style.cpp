@@ -8,6 +8,10 @@
 namespace zq::gallery {
 namespace {
 
+// Those of PushButton, beside which toggles stand.
+constexpr double kToggleHeight = 28;
+constexpr double kToggleRadius = 6;
+
 View framedPanel(View content, double radius) {
   return content.background(RoundedRectangle(radius).fill(Color::background()))
       .overlay(RoundedRectangle(radius).stroke(Color::separator()));
@@ -136,8 +140,9 @@ View Toggle::body(Context& context) const {
   return HStack({.spacing = 6}, {Image::symbol(symbol).font(Font::caption()),
                                  Text(title).font(Font::callout()).lineLimit(1)})
       .foregroundColor(on ? Color::white() : Color::primary())
-      .padding(EdgeInsets::symmetric(12, 5))
-      .background(Capsule().fill(ground))
+      .padding(EdgeInsets::symmetric(12, 0))
+      .frame({.height = kToggleHeight, .growsWithText = true})
+      .background(RoundedRectangle(kToggleRadius).fill(ground))
       .onHover([hovered](bool inside) { hovered.set(inside); })
       .onTap([binding = isOn] { binding.set(!binding.get()); })
       .accessibility({.role = Role::toggle, .label = title, .checked = on});

@@ -45,7 +45,7 @@ Document::~Document() {
   Saves::post([content = content_.snapshot(), onDisk = onDisk_] {
     const ZQUICProject project = content->project();
     const auto written = onDisk->write(project, false);
-    if (written.ok() && written.value() == ProjectFile::Written::yes) project.broadcast();
+    if (written.ok() && !written.value().changedByOthers) project.broadcast();
   });
 }
 
@@ -196,7 +196,7 @@ void Document::write(const std::shared_ptr<ProjectFile>& onDisk, bool whateverIs
   Saves::post([self = shared_from_this(), content = content_.snapshot(), onDisk, whateverIsThere] {
     const ZQUICProject project = content->project();
     const auto written = onDisk->write(project, whateverIsThere);
-    if (written.ok() && written.value() == ProjectFile::Written::yes) project.broadcast();
+    if (written.ok() && !written.value().changedByOthers) project.broadcast();
     XMain::post([self, content, written, onDisk] {
       if (written.ok() && onDisk != self->onDisk_) {
         self->onDisk_ = onDisk;
@@ -213,11 +213,12 @@ void Document::saved(const ProjectContent& content, const Result<ProjectFile::Wr
   if (!written.ok()) {
     failure_ = written.error().sentence;
     saveState_.set(SaveState::failed);
-  } else if (written.value() == ProjectFile::Written::changedByOthers) {
+  } else if (written.value().changedByOthers) {
     failure_.clear();
     saveState_.set(SaveState::changedByOthers);
   } else {
     failure_.clear();
+    sourceFailure_ = written.value().sourceFailure;
     broadcasts_.set(broadcasts_.get() + 1);
     const bool all = same(content, *content_.snapshot());
     saveState_.set(all ? SaveState::saved : SaveState::waiting);

@@ -42,6 +42,8 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
 
   SaveState saveState() const { return saveState_.get(); }
   std::string saveFailure() const { return failure_; }
+  // Why the generated source was not written with the project; empty where it was.
+  std::string sourceFailure() const { return sourceFailure_; }
   // What was edited is not in the file, for the last save failed; also while the next one waits.
   bool cannotSave() const;
   std::size_t broadcasts() const { return broadcasts_.get(); }  // so far
@@ -78,6 +80,7 @@ class Document : public ObservableObject, public std::enable_shared_from_this<Do
   Published<SaveState> saveState_{this, SaveState::saved};
   Published<std::size_t> broadcasts_{this, 0};
   std::string failure_;
+  std::string sourceFailure_;
   unsigned revision_ = 0;
   std::deque<Step> done_;
   std::deque<Step> undone_;

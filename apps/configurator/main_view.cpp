@@ -76,16 +76,21 @@ std::string saveText(const Document& document) {
   return {};
 }
 
-// What is not on the disk, why, and what can be done.
+// What is not on the disk, why, and what can be done; nothing where all is.
 View notSaved(const std::shared_ptr<Workbench>& bench, const std::shared_ptr<Document>& document) {
+  const bool kept = !document->cannotSave();
+  if (kept && document->sourceFailure().empty()) return EmptyView();
   const std::string sentence =
-      "What you did is kept in this window but not saved: " + document->saveFailure() + ".";
-  return HStack(
-             {.spacing = 8},
-             {Image::symbol("exclamationmark.triangle"),
-              Text(sentence).flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
-              PushButton("Try again", {.action = [document] { document->saveNow(); }}),
-              PushButton("Save elsewhere…", {.action = [bench] { bench->saveElsewhere(); }})})
+      kept ? "The project is saved, but its source is not: " + document->sourceFailure() + "."
+           : "What you did is kept in this window but not saved: " + document->saveFailure() + ".";
+  std::vector<View> parts{
+      Image::symbol("exclamationmark.triangle"),
+      Text(sentence).flexFrame({.maxWidth = kInfinity, .alignment = Alignment::leading()}),
+      PushButton("Try again", {.action = [document] { document->saveNow(); }})};
+  if (!kept) {
+    parts.push_back(PushButton("Save elsewhere…", {.action = [bench] { bench->saveElsewhere(); }}));
+  }
+  return HStack({.spacing = 8}, std::move(parts))
       .padding(EdgeInsets::symmetric(12, 6))
       .background(View(Color::orange()).opacity(0.15));
 }
@@ -107,8 +112,7 @@ struct StatusLine : ViewModifiers<StatusLine> {
                           .font(Font::caption())
                           .foregroundColor(Color::secondary())
                           .padding(EdgeInsets::symmetric(12, 5));
-    const View above = document->cannotSave() ? notSaved(bench_, document) : View(EmptyView());
-    return VStack({.spacing = 0}, {above, line});
+    return VStack({.spacing = 0}, {notSaved(bench_, document), line});
   }
 
  private:

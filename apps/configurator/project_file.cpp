@@ -50,7 +50,8 @@ Result<ProjectFile::Written> ProjectFile::write(ZQUICProject project, bool whate
   if (!whateverIsThere) {
     const auto text = readTextFile(url_.path(), longestProject);
     // What cannot be read was not there when this program wrote.
-    if (text.ok() ? isOthers(text.value()) : fu_fileExists(url_)) return Written::changedByOthers;
+    if (text.ok() ? isOthers(text.value()) : fu_fileExists(url_))
+      return Written{.changedByOthers = true};
   }
   project.configFileUrl = url_;
   const auto json = encodeProject(project, JsonStyle::pretty);
@@ -60,8 +61,7 @@ Result<ProjectFile::Written> ProjectFile::write(ZQUICProject project, bool whate
   if (!saved.ok()) return saved.error();
   known_ = hashOf(json.value());
   const Result<void> source = project.saveSwiftConfigFile();
-  if (!source.ok()) return source.error();
-  return Written::yes;
+  return source.ok() ? Written() : Written{.sourceFailure = source.error().sentence};
 }
 
 }  // namespace zq::configurator

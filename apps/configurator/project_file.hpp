@@ -19,7 +19,10 @@ class ProjectFile {
   explicit ProjectFile(Url url) : url_(std::move(url)) {}
 
   const Url& url() const { return url_; }
-  enum class Written : unsigned char { yes, changedByOthers };
+  struct Written {
+    bool changedByOthers = false;    // it was left as it is
+    std::string sourceFailure = {};  // why the generated source alone is not there
+  };
 
   Result<ZQUICProject> read();
   // What others wrote. It stays theirs until it is taken over.
@@ -30,8 +33,8 @@ class ProjectFile {
   // Absent where the file is as this program knows it, or gone. One that cannot be read is others'.
   std::optional<Found> look() const;
   void takeOver(const Found& found) { known_ = found.text; }
-  // With the generated Swift source, where the project names a file for it; an error where that
-  // alone fails too. Overwrites what others wrote only where it is told to.
+  // With the generated Swift source, where the project names a file for it. Overwrites what others
+  // wrote only where it is told to.
   Result<Written> write(ZQUICProject project, bool whateverIsThere);
 
  private:

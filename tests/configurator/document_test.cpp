@@ -239,6 +239,26 @@ TEST_F(Documents, aSaveThatFailsIsToldAndIsTriedAgain) {
   EXPECT_EQ(onDisk().name, "kept");
 }
 
+TEST_F(Documents, aSourceThatCannotBeWrittenKeepsNothingElseBack) {
+  const auto document = open();
+  const std::string place = folder.path("place");
+  std::ofstream(place) << "no folder";
+  const auto sourceAt = [](const Url& file) {
+    return [file](ProjectContent& content) { content.head.configSwiftFileUrl = file; };
+  };
+  document->edit("Source", sourceAt(Url::file(place + "/config.swift")));
+  platform.advance(1);
+  EXPECT_EQ(document->saveState(), SaveState::saved);
+  EXPECT_EQ(document->broadcasts(), 1U) << "who follows the project has it";
+  EXPECT_NE(document->sourceFailure().find(place), std::string::npos);
+  EXPECT_FALSE(document->cannotSave());
+  std::filesystem::remove(place);
+  document->saveNow();
+  platform.advance(1);
+  EXPECT_EQ(document->sourceFailure(), "");
+  EXPECT_TRUE(std::filesystem::exists(place + "/config.swift"));
+}
+
 TEST_F(Documents, whatIsDeletedStaysInTheFileUntilItIsReadAgain) {
   auto document = open();
   document->edit("Delete group", [](ProjectContent& content) { flagGroup(content, "paper"); });

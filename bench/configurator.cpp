@@ -204,7 +204,7 @@ void editAValue(benchmark::State& state) {
         "Change value",
         [&](ProjectContent& content) {
           editItem(content, *bench.groupId.get(), *bench.itemId.get(),
-                   [&](ZQUICItem& item) { item.intValue = item.doubleValue = turn; });
+                   [&](ZQUICItem& item) { item.intValue = turn, item.doubleValue = turn; });
         },
         "value");
   });

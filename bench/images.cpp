@@ -44,7 +44,7 @@ BENCHMARK(lookUpAPicture);
 void lookUpAThumbnail(benchmark::State& state) {
   const zq::HeadlessPlatform platform;
   const auto all = sources();
-  const std::optional<zq::DecodeSize> size(zq::DecodeSize{.points = 128});
+  const zq::DecodeSize size{.points = 128};
   for (const auto& source : all) {
     zq::ZQLocalURLImage::lookup(source);
     zq::ZQLocalURLImage::lookup(source, size);

@@ -3,21 +3,21 @@
 # A file found clean is not read again until it, or anything it includes, or the rules change.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/shell.sh"
-[[ -f build/clang/compile_commands.json ]] || configure clang
+[[ -f build/asan/compile_commands.json ]] || configure asan
 
 check_one() { # <source>
   local source=$1 stamp object key
-  stamp=build/clang/tidy/${source//\//_}.clean
-  object=$(find build/clang -path "*/$source.o" -print -quit)
+  stamp=build/asan/tidy/${source//\//_}.clean
+  object=$(find build/asan -path "*/$source.o" -print -quit)
   # Ninja has the headers of each object; where the object is missing the file is always read.
   if [[ -n $object ]]; then
-    key=$(ninja -C build/clang -t deps "${object#build/clang/}" |
-      awk '/^ / { print $1 }' | (cd build/clang && grep -v '^/usr/' | sort | xargs -r cat -- ../../.clang-tidy) |
+    key=$(ninja -C build/asan -t deps "${object#build/asan/}" |
+      awk '/^ / { print $1 }' | (cd build/asan && grep -v '^/usr/' | sort | xargs -r cat -- ../../.clang-tidy) |
       sha256sum)
     [[ -f $stamp && $(<"$stamp") == "$key" ]] && return 0
   fi
   local output
-  if output=$(clang-tidy-16 -p build/clang --quiet "$source" 2>/dev/null); then
+  if output=$(clang-tidy-16 -p build/asan --quiet "$source" 2>/dev/null); then
     [[ -n $object ]] && printf '%s\n' "$key" >"$stamp"
     return 0
   fi
@@ -26,8 +26,8 @@ check_one() { # <source>
 }
 export -f check_one
 
-mkdir -p build/clang/tidy
-sources=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/clang/compile_commands.json |
+mkdir -p build/asan/tidy
+sources=$(sed -n 's/^ *"file": "\(.*\)".*/\1/p' build/asan/compile_commands.json |
   sed -nE "s#^$root/((zqswiftui|apps|tools)/.*)#\1#p" | sort -u)
-[[ -n $sources ]] || fail "There is nothing to read: build/clang names no source of ours."
+[[ -n $sources ]] || fail "There is nothing to read: build/asan names no source of ours."
 xargs -r -d '\n' -P "$jobs" -n 1 bash -c 'check_one "$1"' tidy <<<"$sources"

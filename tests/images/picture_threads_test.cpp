@@ -56,8 +56,8 @@ class PictureThreads : public PictureSources {
   // Ids of a store are names of files, of which there are few.
   static std::string item(int i) { return "f" + std::to_string(i % kFiles); }
   // Half of them are decoded on the interface thread.
-  static std::optional<DecodeSize> sizeOf(int i) {
-    return i % 2 == 0 ? std::optional<DecodeSize>() : DecodeSize{static_cast<double>(1 + i), 1};
+  static DecodeSize sizeOf(int i) {
+    return i % 2 == 0 ? DecodeSize{} : DecodeSize{static_cast<double>(1 + i), 1};
   }
   Url url(int i) const {
     // Sources of their own, of few files: what follows the mark is no part of the path.

@@ -43,7 +43,7 @@ TEST_F(ZQURLImageTest, goesThroughItsStatusesByWhatIsKeptAndWhatTheServerAnswers
     double afterSeconds;
     const char* heard;
     std::size_t width;  // of what is shown in the end; 0: nothing
-    std::optional<DecodeSize> size = std::nullopt;
+    DecodeSize size = {};
   };
   const DecodeSize small{.points = 5000, .scale = 1};
   const std::vector<Case> cases{

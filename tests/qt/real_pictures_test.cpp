@@ -125,8 +125,7 @@ class RealPictures : public testing::Test {
     written.write(bytes);
     return Url::file(path);
   }
-  static std::shared_ptr<ZQLocalURLImage> loaded(const Url& url,
-                                                 const std::optional<DecodeSize>& size = {}) {
+  static std::shared_ptr<ZQLocalURLImage> loaded(const Url& url, const DecodeSize& size = {}) {
     using Status = ZQLocalURLImage::Status;
     auto model = ZQLocalURLImage::lookup(url, size);
     EXPECT_TRUE(waitFor([&] {
@@ -224,8 +223,7 @@ TEST_F(RealPictures, thatAreNoneFailWithAReasonAndTakeNoMemory) {
   const long before = peakMemory();
   for (const auto& row : rows) {
     const Url url = file(row.name, row.bytes);
-    for (const std::optional<DecodeSize>& size :
-         {std::optional<DecodeSize>(), std::optional<DecodeSize>({.points = 64})}) {
+    for (const DecodeSize size : {DecodeSize{}, DecodeSize{.points = 64}}) {
       const auto model = loaded(url, size);
       EXPECT_EQ(model->status, ZQLocalURLImage::Status::failed) << row.name;
       EXPECT_FALSE(model->image_.get()) << row.name;

@@ -40,7 +40,7 @@ ChangeNotice::ChangeNotice(ObservableObject& owner)
 
 void ChangeNotice::post() {
   if (line_->waiting.exchange(true)) return;
-  XMain::executeWhileThere([ticket = std::make_shared<Ticket>(line_)] { ticket->use(); });
+  XMain::executeWhileThere([ticket = std::make_shared<Ticket>(line_.pointer())] { ticket->use(); });
 }
 
 }  // namespace zq::detail

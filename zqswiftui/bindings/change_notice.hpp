@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
 
 namespace zq {
@@ -24,7 +24,7 @@ class ChangeNotice {
  private:
   struct Line;
   class Ticket;
-  std::shared_ptr<Line> line_;
+  Shared<Line> line_;
   Subscription heard_;
 };
 

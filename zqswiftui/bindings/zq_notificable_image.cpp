@@ -49,4 +49,8 @@ void ZQNotificableImage::take(const ZQImage& image, std::uint64_t order) {
   notice_.post();
 }
 
+std::optional<ZQImage> ZQNotificableImage::image() const {
+  return image_.get();
+}
+
 }  // namespace zq

@@ -18,7 +18,7 @@ class ZQNotificableImage final : public ObservableObject {
  public:
   explicit ZQNotificableImage(std::string key);
 
-  std::optional<ZQImage> image() const { return image_.get(); }
+  std::optional<ZQImage> image() const;
   const std::string& notificationKey() const { return notificationKey_; }
 
  private:

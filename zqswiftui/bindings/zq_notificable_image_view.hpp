@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
@@ -22,7 +22,7 @@ class ZQNotificableImageView : public ViewModifiers<ZQNotificableImageView> {
   bool operator==(const ZQNotificableImageView& other) const;
 
  private:
-  std::shared_ptr<ZQNotificableImage> notificableImage_;
+  Shared<ZQNotificableImage> notificableImage_;
 };
 
 }  // namespace zq

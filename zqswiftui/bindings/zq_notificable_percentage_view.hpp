@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -35,7 +35,7 @@ class ZQNotificablePercentageView : public ViewModifiers<ZQNotificablePercentage
 
  private:
   Parameters parameters_;
-  std::shared_ptr<ZQNotificableValue> notificableValue_;
+  Shared<ZQNotificableValue> notificableValue_;
 };
 
 }  // namespace zq

@@ -22,4 +22,8 @@ void ZQNotificableText::setText(const std::string& text) {
   notice_.post();  // last: who hears of it may let go of this holder
 }
 
+std::string ZQNotificableText::text() const {
+  return text_.get();
+}
+
 }  // namespace zq

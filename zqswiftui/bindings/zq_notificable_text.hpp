@@ -19,7 +19,7 @@ class ZQNotificableText final : public ObservableObject {
  public:
   explicit ZQNotificableText(std::string key);
 
-  std::string text() const { return text_.get(); }
+  std::string text() const;
   // For this one, and for those that begin to follow the keyword from now on.
   void setText(const std::string& text);
   const std::string& notificationKey() const { return notificationKey_; }

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
@@ -23,7 +23,7 @@ class ZQNotificableTextView : public ViewModifiers<ZQNotificableTextView> {
   bool operator==(const ZQNotificableTextView& other) const;
 
  private:
-  std::shared_ptr<ZQNotificableText> notificableText_;
+  Shared<ZQNotificableText> notificableText_;
 };
 
 }  // namespace zq

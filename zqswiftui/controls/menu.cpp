@@ -2,7 +2,7 @@
 #include <cstddef>
 #include <utility>
 #include <zqswiftui/controls/list_line.hpp>
-#include <zqswiftui/controls/menu.hpp>
+#include <zqswiftui/controls/opened_menu.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/shapes.hpp>

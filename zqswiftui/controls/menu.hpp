@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/context.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -32,19 +32,7 @@ struct Menu {
 
 namespace detail {
 
-// Which of a bar's menus is open, and the line that the next Return presses.
-struct OpenedMenu {
-  std::size_t menu = 0;
-  std::optional<std::size_t> line = std::nullopt;
-  Point at = {};        // of a context menu
-  bool byKeys = false;  // a pointer that rests there no longer chooses
-  bool operator==(const OpenedMenu&) const = default;
-};
-
-// The content with a menu that opens at a point of it.
-View withMenu(const View& content, const State<std::optional<OpenedMenu>>& opened,
-              const std::vector<MenuItem>& items, LayoutDirection direction);
-
+struct OpenedMenu;
 }  // namespace detail
 
 // Menus side by side, each opened by a click, by Space, Enter or Down; Up and Down go through its
@@ -59,7 +47,7 @@ class MenuBar : public ViewModifiers<MenuBar> {
  private:
   View title(std::size_t number, const State<std::optional<detail::OpenedMenu>>& opened,
              bool leftToRight) const;
-  std::shared_ptr<const std::vector<Menu>> menus_;
+  Shared<const std::vector<Menu>> menus_;
 };
 
 // A view with a menu of its own, opened by the other button of the mouse or by the menu key.

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <limits>
 #include <string>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -10,8 +9,8 @@ namespace zq {
 
 // What a number may be. Bounds that are not in order, or no numbers, are none.
 struct NumberRange {
-  double least = -std::numeric_limits<double>::infinity();
-  double most = std::numeric_limits<double>::infinity();
+  double least = -kInfinity;
+  double most = kInfinity;
   double step = 1;   // of an arrow, with Shift ten of them; not above zero: 1
   int decimals = 6;  // that are kept, 0 to 15: a step never leaves 0.30000000000000004
   bool operator==(const NumberRange&) const = default;

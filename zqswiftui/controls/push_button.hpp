@@ -2,9 +2,9 @@
 #pragma once
 
 #include <concepts>
-#include <functional>
 #include <string>
 #include <utility>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 

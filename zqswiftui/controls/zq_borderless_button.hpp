@@ -1,10 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <zqswiftui/controls/zq_button.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
 #include <zqswiftui/platform/toolkit/font.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>

@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>

@@ -7,6 +7,10 @@
 
 namespace zq {
 
+std::vector<std::string> pictureExtensions() {
+  return {"jpg", "jpeg", "png"};
+}
+
 FileRule fileRule(std::optional<std::vector<std::string>> extensions, bool acceptFolders) {
   if (extensions) {
     for (std::string& extension : *extensions) extension = lowercased(extension);

@@ -17,6 +17,9 @@ struct FileRule {
   bool operator==(const FileRule&) const = default;
 };
 
+// Those of the kinds of pictures that areas take where nothing else is said.
+std::vector<std::string> pictureExtensions();
+
 // With its extensions in lower case.
 FileRule fileRule(std::optional<std::vector<std::string>> extensions, bool acceptFolders);
 

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 #include <zqswiftui/platform/base/documents.hpp>
 #include <zqswiftui/platform/base/files.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 // Inside of files/ only.
 namespace zq::detail {
@@ -23,7 +23,7 @@ struct RecentFile {
   std::string loweredPath;
   std::optional<FileFacts> facts;  // absent: nobody has asked yet
 };
-using RecentFileList = std::vector<std::shared_ptr<const RecentFile>>;
+using RecentFileList = std::vector<Shared<const RecentFile>>;
 
 // How long the gathering waits for what does not answer, in seconds.
 inline constexpr double localLimit = 10;

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <zqswiftui/files/zq_folder_drag_area_view.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 
 namespace zq {

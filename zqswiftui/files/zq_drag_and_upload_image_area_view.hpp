@@ -1,11 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/files/drop_acceptance.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -19,7 +20,7 @@ class ZQDragAndUploadImageAreaView : public ViewModifiers<ZQDragAndUploadImageAr
  public:
   struct Parameters {
     std::optional<std::string> remoteUrl = std::nullopt;
-    std::vector<std::string> acceptedExtension = {"jpg", "jpeg", "png"};
+    std::vector<std::string> acceptedExtension = pictureExtensions();  // jpg, jpeg and png
     Required<std::function<void(const Url&)>> callback;
   };
   explicit ZQDragAndUploadImageAreaView(Parameters parameters);

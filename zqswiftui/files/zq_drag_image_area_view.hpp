@@ -1,11 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/files/drop_acceptance.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -20,7 +21,7 @@ class ZQDragImageAreaView : public ViewModifiers<ZQDragImageAreaView> {
  public:
   struct Parameters {
     std::optional<Url> imageUrl = std::nullopt;
-    std::vector<std::string> acceptedExtension = {"jpg", "jpeg", "png"};
+    std::vector<std::string> acceptedExtension = pictureExtensions();  // jpg, jpeg and png
     Required<bool> showPlaceholder;  // the symbol "photo", dimmed, where there is no picture
     Required<std::function<void(const Url&)>> callback;
   };

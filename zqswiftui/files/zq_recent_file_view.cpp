@@ -36,8 +36,8 @@ ZQRecentFileView::ZQRecentFileView(const Parameters& parameters)
     : ZQRecentFileView(std::make_shared<const detail::RecentFile>(*parameters.url, std::nullopt),
                        std::make_shared<const Tapped>(*parameters.tapped)) {}
 
-ZQRecentFileView::ZQRecentFileView(std::shared_ptr<const detail::RecentFile> file,
-                                   std::shared_ptr<const Tapped> tapped)
+ZQRecentFileView::ZQRecentFileView(Shared<const detail::RecentFile> file,
+                                   Shared<const Tapped> tapped)
     : file_(std::move(file)), tapped_(std::move(tapped)) {}
 
 View ZQRecentFileView::body(Context& context) const {

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
-#include <memory>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -26,15 +26,14 @@ class ZQRecentFileView : public ViewModifiers<ZQRecentFileView> {
     Required<Tapped> tapped;  // null: nothing
   };
   explicit ZQRecentFileView(const Parameters& parameters);
-  ZQRecentFileView(std::shared_ptr<const detail::RecentFile> file,
-                   std::shared_ptr<const Tapped> tapped);
+  ZQRecentFileView(Shared<const detail::RecentFile> file, Shared<const Tapped> tapped);
 
   View body(Context& context) const;
   bool operator==(const ZQRecentFileView&) const = default;
 
  private:
-  std::shared_ptr<const detail::RecentFile> file_;
-  std::shared_ptr<const Tapped> tapped_;
+  Shared<const detail::RecentFile> file_;
+  Shared<const Tapped> tapped_;
 };
 
 }  // namespace zq

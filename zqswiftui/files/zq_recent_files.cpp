@@ -58,8 +58,9 @@ View header(const State<bool>& isOpen) {
 
 }  // namespace
 
-ZQRecentFilesVM::ZQRecentFilesVM() : self_(std::make_shared<ZQRecentFilesVM*>(this)) {
-  const std::weak_ptr weak(self_);
+ZQRecentFilesVM::ZQRecentFilesVM()
+    : urlList(this), self_(std::make_shared<ZQRecentFilesVM*>(this)) {
+  const std::weak_ptr weak(self_.pointer());
   Documents::recent([weak](std::vector<Documents::Recent> documents) {
     if (weak.expired()) return;
     detail::gatherRecentFiles(std::move(documents), fu_getFileFacts, [weak](const Files& found) {
@@ -80,7 +81,7 @@ ZQRecentFilesVM::~ZQRecentFilesVM() = default;
 const ZQRecentFilesVM::Files& ZQRecentFilesVM::files() {
   const auto urls = urlList.snapshot();
   if (urls == filesOf_) return files_;
-  std::unordered_map<Url, std::shared_ptr<const detail::RecentFile>> known;
+  std::unordered_map<Url, Shared<const detail::RecentFile>> known;
   for (const auto& file : files_) known.emplace(file->url, file);
   files_.clear();
   for (const Url& url : *urls) {

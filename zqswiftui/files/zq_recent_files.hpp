@@ -1,11 +1,11 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/unpublished.hpp>
@@ -26,17 +26,17 @@ class ZQRecentFilesVM : public ObservableObject {
   ZQRecentFilesVM();
   ~ZQRecentFilesVM() override;
 
-  Published<std::vector<Url>> urlList{this};
+  Published<std::vector<Url>> urlList;
 
  private:
   friend class ZQRecentFilesView;
-  using Files = std::vector<std::shared_ptr<const detail::RecentFile>>;
+  using Files = std::vector<Shared<const detail::RecentFile>>;
   // Those of urlList, with what is known of each.
   const Files& files();
 
   Files files_;
-  std::shared_ptr<const std::vector<Url>> filesOf_;
-  std::shared_ptr<ZQRecentFilesVM*> self_;
+  Shared<const std::vector<Url>> filesOf_;
+  Shared<ZQRecentFilesVM*> self_;
 };
 
 // A panel of the recent files, folded up or with a field to search them; whether it is open is

@@ -7,7 +7,7 @@ namespace zq {
 // side in points, and how many pixels of the screen make a point. Pictures are never enlarged.
 //   ZQCachedImage(photo, {.decodeSize = DecodeSize{.points = 128}})
 struct DecodeSize {
-  double points = 0;
+  double points = 0;  // 0: no limit
   double scale = 2;
 
   // The longer side in whole pixels, at most 16384; 0, which is no limit, where either number is

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 #include <zqswiftui/platform/base/result.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 // Inside of images/ only.
 namespace zq::detail {
@@ -41,9 +41,5 @@ void loadPicture(const std::shared_ptr<PictureModel>& model, const Url& url, int
 
 // Who asks for it from now on does not share what was asked for before.
 void forgetLoad(const Url& url);
-
-inline int maxSideOf(const std::optional<DecodeSize>& size) {
-  return size ? size->pixels() : 0;
-}
 
 }  // namespace zq::detail

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <zqswiftui/platform/base/lock.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/platform/toolkit/unpublished.hpp>
 
@@ -32,7 +32,7 @@ class PictureModel : public ObservableObject {
   friend class detail::PictureOrder;
   void wasObserved() final;
 
-  const std::shared_ptr<detail::PicturePlaces> places_;
+  const Shared<detail::PicturePlaces> places_;
   mutable Lock lock_;
   std::string failure_;
 };

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -10,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 #include <zqswiftui/images/picture_model.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 // Inside of images/ only.
 namespace zq {

@@ -40,18 +40,18 @@ struct ZQAnimImage::Frames {
     return list[index];
   }
   // Whether no other frame than that one will ever be there.
-  bool endsWith(std::optional<std::size_t> shown) const {
+  bool endsWith(std::size_t shown) const {
     const std::lock_guard lock(mutex);
-    return complete && (list.empty() || (list.size() == 1 && shown));
+    return complete && (list.empty() || (list.size() == 1 && shown == 0));
   }
 };
 
 ZQAnimImage::ZQAnimImage(std::string givenPrefix)
-    : prefix(std::move(givenPrefix)), frames_(std::make_shared<Frames>()) {}
+    : prefix(std::move(givenPrefix)), image(this), frames_(std::make_shared<Frames>()) {}
 
 std::shared_ptr<ZQAnimImage> ZQAnimImage::create(std::string prefix) {
   std::shared_ptr<ZQAnimImage> made(new ZQAnimImage(std::move(prefix)));
-  load(made->frames_, made, made->prefix, 0);
+  load(made->frames_.pointer(), made, made->prefix, 0);
   made->runTimer();
   return made;
 }
@@ -94,7 +94,7 @@ void ZQAnimImage::setReducedMotion(bool reduced) {
 
 bool ZQAnimImage::standsStill() const {
   if (!visible_) return true;
-  return (reducedMotion_ && shown_ == 0U) || frames_->endsWith(shown_);
+  return (reducedMotion_ && shown_ == 0) || frames_->endsWith(shown_);
 }
 
 void ZQAnimImage::runTimer() {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/timer.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
@@ -25,7 +26,7 @@ class ZQAnimImage : public ObservableObject, public std::enable_shared_from_this
   static std::shared_ptr<ZQAnimImage> create(std::string prefix);
 
   const std::string prefix;
-  Published<std::optional<Image>> image{this};  // the frame that is shown now
+  Published<std::optional<Image>> image;  // the frame that is shown now
 
   std::vector<Image> imageList() const;                       // those read so far; any thread
   std::size_t currentImage() const { return currentImage_; }  // the frame that comes next
@@ -34,6 +35,7 @@ class ZQAnimImage : public ObservableObject, public std::enable_shared_from_this
   void setReducedMotion(bool reduced);
 
  private:
+  static constexpr std::size_t none = static_cast<std::size_t>(-1);
   struct Frames;
   explicit ZQAnimImage(std::string givenPrefix);
   static void load(std::weak_ptr<Frames> frames, std::weak_ptr<ZQAnimImage> shown,
@@ -42,10 +44,10 @@ class ZQAnimImage : public ObservableObject, public std::enable_shared_from_this
   bool standsStill() const;
   void showNext();
 
-  std::shared_ptr<Frames> frames_;
+  Shared<Frames> frames_;
   ZQTimer timer_{std::nullopt};
   std::size_t currentImage_ = 0;
-  std::optional<std::size_t> shown_;
+  std::size_t shown_ = none;
   bool visible_ = true;
   bool reducedMotion_ = false;
 };

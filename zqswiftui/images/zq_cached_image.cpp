@@ -11,7 +11,8 @@
 
 namespace zq {
 
-ZQCachedImageVM::ZQCachedImageVM(std::optional<Url> source) : url(std::move(source)) {}
+ZQCachedImageVM::ZQCachedImageVM(std::optional<Url> source)
+    : url(std::move(source)), image_(this) {}
 
 auto& ZQCachedImageVM::list() {
   static detail::PictureList<Url, ZQCachedImageVM> models;
@@ -19,8 +20,8 @@ auto& ZQCachedImageVM::list() {
 }
 
 std::shared_ptr<ZQCachedImageVM> ZQCachedImageVM::lookup(const std::optional<Url>& url,
-                                                         const std::optional<DecodeSize>& size) {
-  const int maxSide = detail::maxSideOf(size);
+                                                         const DecodeSize& size) {
+  const int maxSide = size.pixels();
   return list().find(url, maxSide, [&] {
     std::shared_ptr<ZQCachedImageVM> model(new ZQCachedImageVM(url));
     model->load(maxSide);

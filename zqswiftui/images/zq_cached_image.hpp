@@ -5,6 +5,7 @@
 #include <optional>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -19,12 +20,12 @@ class ZQCachedImageVM : public PictureModel, public std::enable_shared_from_this
 
   // The one of that URL and size. A new one begins to load at once; without a URL it never does.
   static std::shared_ptr<ZQCachedImageVM> lookup(const std::optional<Url>& url,
-                                                 const std::optional<DecodeSize>& size = {});
+                                                 const DecodeSize& size = {});
 
   const std::optional<Url> url;
   // The picture is set before ready, both on the interface thread; failed on a background one.
   Published<Status> status{this, Status::startup};
-  Published<std::optional<ZQImage>> image_{this};
+  Published<std::optional<ZQImage>> image_;
 
  private:
   friend class ZQCachedImage;
@@ -40,8 +41,8 @@ class ZQCachedImageVM : public PictureModel, public std::enable_shared_from_this
 class ZQCachedImage : public ViewModifiers<ZQCachedImage> {
  public:
   struct Parameters {
-    double cornerRadius = 0;                              // points
-    std::optional<DecodeSize> decodeSize = std::nullopt;  // none: all the pixels that it has
+    double cornerRadius = 0;     // points
+    DecodeSize decodeSize = {};  // by itself: all the pixels that it has
   };
   explicit ZQCachedImage(std::optional<Url> url = std::nullopt);
   ZQCachedImage(std::optional<Url> url, const Parameters& parameters);
@@ -56,7 +57,7 @@ class ZQCachedImage : public ViewModifiers<ZQCachedImage> {
  private:
   std::optional<Url> url_;
   double cornerRadius_;
-  std::shared_ptr<ZQCachedImageVM> image_;
+  Shared<ZQCachedImageVM> image_;
 };
 
 }  // namespace zq

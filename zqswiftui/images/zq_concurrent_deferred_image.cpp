@@ -29,7 +29,7 @@ SerialQueue& queue() {
 }  // namespace
 
 ZQConcurrentDeferredImageVM::ZQConcurrentDeferredImageVM(std::string givenId, Compute compute)
-    : id(std::move(givenId)), compute_(std::move(compute)) {}
+    : id(std::move(givenId)), image_(this), compute_(std::move(compute)) {}
 
 std::shared_ptr<ZQConcurrentDeferredImageVM> ZQConcurrentDeferredImageVM::withId(
     const std::string& id, Compute compute) {

@@ -1,11 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/task.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/color.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
@@ -40,7 +41,7 @@ class ZQConcurrentDeferredImageVM
   // thread.
   Published<Status> status{this, Status::startup};
   // There before the status says ready.
-  Published<std::optional<Image>> image_{this};
+  Published<std::optional<Image>> image_;
 
  private:
   using Shared = std::shared_ptr<ZQConcurrentDeferredImageVM>;
@@ -74,7 +75,7 @@ class ZQConcurrentDeferredImageView : public ViewModifiers<ZQConcurrentDeferredI
   bool operator==(const ZQConcurrentDeferredImageView&) const = default;
 
  private:
-  std::shared_ptr<ZQConcurrentDeferredImageVM> image_;
+  Shared<ZQConcurrentDeferredImageVM> image_;
   double scale_;
   std::optional<CustomProgress> customProgress_;
 };

@@ -27,7 +27,7 @@ SerialQueue& computing() {
 }  // namespace
 
 ZQDeferredImageVM::ZQDeferredImageVM(std::string givenId, Compute compute)
-    : id(std::move(givenId)), compute_(std::move(compute)) {}
+    : id(std::move(givenId)), image_(this), compute_(std::move(compute)) {}
 
 std::shared_ptr<ZQDeferredImageVM> ZQDeferredImageVM::withId(const std::string& id,
                                                              Compute compute) {

@@ -1,10 +1,11 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
@@ -31,7 +32,7 @@ class ZQDeferredImageVM : public ObservableObject,
   const std::string id;
   Published<Status> status{this, Status::startup};
   // There before the status says ready; both change on the interface thread.
-  Published<std::optional<Image>> image_{this};
+  Published<std::optional<Image>> image_;
 
  private:
   ZQDeferredImageVM(std::string givenId, Compute compute);
@@ -58,7 +59,7 @@ class ZQDeferredImageView : public ViewModifiers<ZQDeferredImageView> {
   bool operator==(const ZQDeferredImageView&) const = default;
 
  private:
-  std::shared_ptr<ZQDeferredImageVM> image_;
+  Shared<ZQDeferredImageVM> image_;
   double scale_;
 };
 

@@ -10,12 +10,13 @@
 
 namespace zq {
 
-ZQLocalURLImage::ZQLocalURLImage(std::optional<Url> source) : url(std::move(source)) {}
+ZQLocalURLImage::ZQLocalURLImage(std::optional<Url> source)
+    : url(std::move(source)), image_(this) {}
 
 std::shared_ptr<ZQLocalURLImage> ZQLocalURLImage::lookup(const std::optional<Url>& url,
-                                                         const std::optional<DecodeSize>& size) {
+                                                         const DecodeSize& size) {
   static detail::PictureList<Url, ZQLocalURLImage> models;
-  const int maxSide = detail::maxSideOf(size);
+  const int maxSide = size.pixels();
   return models.find(url, maxSide, [&] {
     std::shared_ptr<ZQLocalURLImage> model(new ZQLocalURLImage(url));
     if (url) model->load(maxSide);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -19,12 +20,12 @@ class ZQLocalURLImage : public PictureModel, public std::enable_shared_from_this
 
   // The one of that URL and size. A new one begins to load at once; without a URL it never does.
   static std::shared_ptr<ZQLocalURLImage> lookup(const std::optional<Url>& url,
-                                                 const std::optional<DecodeSize>& size = {});
+                                                 const DecodeSize& size = {});
 
   const std::optional<Url> url;
   // The picture is set before ready, both on the interface thread; failed on a background one.
   Published<Status> status{this, Status::startup};
-  Published<std::optional<ZQImage>> image_{this};
+  Published<std::optional<ZQImage>> image_;
 
  private:
   explicit ZQLocalURLImage(std::optional<Url> source);
@@ -37,7 +38,7 @@ class ZQLocalURLImage : public PictureModel, public std::enable_shared_from_this
 class ZQLocalURLImageView : public ViewModifiers<ZQLocalURLImageView> {
  public:
   struct Parameters {
-    std::optional<DecodeSize> decodeSize = std::nullopt;  // none: all the pixels that it has
+    DecodeSize decodeSize = {};  // by itself: all the pixels that it has
   };
   explicit ZQLocalURLImageView(std::optional<Url> url);
   ZQLocalURLImageView(std::optional<Url> url, const Parameters& parameters);
@@ -47,7 +48,7 @@ class ZQLocalURLImageView : public ViewModifiers<ZQLocalURLImageView> {
 
  private:
   std::optional<Url> url_;
-  std::shared_ptr<ZQLocalURLImage> image_;
+  Shared<ZQLocalURLImage> image_;
 };
 
 }  // namespace zq

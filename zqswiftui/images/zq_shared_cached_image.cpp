@@ -35,9 +35,8 @@ auto& ZQSharedCachedImageVM::list() {
 }
 
 std::shared_ptr<ZQSharedCachedImageVM> ZQSharedCachedImageVM::lookup(
-    const std::optional<std::string>& id, const ZQShareApp& shareApp,
-    const std::optional<DecodeSize>& size) {
-  const int maxSide = detail::maxSideOf(size);
+    const std::optional<std::string>& id, const ZQShareApp& shareApp, const DecodeSize& size) {
+  const int maxSide = size.pixels();
   return list().find(id, maxSide, [&] {
     std::shared_ptr<ZQSharedCachedImageVM> model(new ZQSharedCachedImageVM(id, maxSide));
     if (id) {

@@ -7,6 +7,7 @@
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
 #include <zqswiftui/platform/base/share_app.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/task.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/image.hpp>
@@ -32,7 +33,7 @@ class ZQSharedCachedImageVM : public PictureModel,
   // asked. Without an id, and where the record has no such item, it stays at startup.
   static std::shared_ptr<ZQSharedCachedImageVM> lookup(const std::optional<std::string>& id,
                                                        const ZQShareApp& shareApp,
-                                                       const std::optional<DecodeSize>& size = {});
+                                                       const DecodeSize& size = {});
 
   const std::optional<std::string> id;
   // Set on the interface thread, the picture before ready. Observers are told once the load has
@@ -70,7 +71,7 @@ class ZQSharedCachedImage : public ViewModifiers<ZQSharedCachedImage> {
     Required<ZQShareApp> shareApp;  // not kept
     double cornerRadius = 0;
     std::optional<ContentMode> aspectRatio = std::nullopt;
-    std::optional<DecodeSize> decodeSize = std::nullopt;  // none: all the pixels that it has
+    DecodeSize decodeSize = {};  // by itself: all the pixels that it has
   };
   explicit ZQSharedCachedImage(const Parameters& parameters);
 
@@ -85,7 +86,7 @@ class ZQSharedCachedImage : public ViewModifiers<ZQSharedCachedImage> {
   std::optional<std::string> id_;
   double cornerRadius_;
   std::optional<ContentMode> aspectRatio_;
-  std::shared_ptr<ZQSharedCachedImageVM> image_;
+  Shared<ZQSharedCachedImageVM> image_;
 };
 
 }  // namespace zq

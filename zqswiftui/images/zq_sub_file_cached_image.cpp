@@ -1,4 +1,5 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <atomic>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -27,9 +28,8 @@ auto& ZQSubFileCachedImageVM::reads() {
 }
 
 std::shared_ptr<ZQSubFileCachedImageVM> ZQSubFileCachedImageVM::lookup(
-    const std::optional<std::string>& id, const ZQSubFiles& subFiles,
-    const std::optional<DecodeSize>& size) {
-  const int maxSide = detail::maxSideOf(size);
+    const std::optional<std::string>& id, const ZQSubFiles& subFiles, const DecodeSize& size) {
+  const int maxSide = size.pixels();
   return list().find(id, maxSide, [&] {
     std::shared_ptr<ZQSubFileCachedImageVM> model(new ZQSubFileCachedImageVM(id, maxSide));
     if (id) {
@@ -48,7 +48,7 @@ std::shared_ptr<ZQSubFileCachedImageVM> ZQSubFileCachedImageVM::lookup(
 
 // Before its turn where another one's size was read first.
 void ZQSubFileCachedImageVM::begin() {
-  if (begun_.exchange(true)) return;
+  if (std::atomic_ref(begun_).exchange(true)) return;
   std::puts("loadImage");
   status = Status::loading;
 }

@@ -1,12 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/sub_files.hpp>
 #include <zqswiftui/platform/base/task.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
@@ -32,7 +32,7 @@ class ZQSubFileCachedImageVM : public PictureModel,
   // read. Without an id it stays at startup.
   static std::shared_ptr<ZQSubFileCachedImageVM> lookup(const std::optional<std::string>& id,
                                                         const ZQSubFiles& subFiles,
-                                                        const std::optional<DecodeSize>& size = {});
+                                                        const DecodeSize& size = {});
 
   const std::optional<std::string> id;
   // The picture is set before ready, both on the interface thread. Observers are told once there
@@ -53,7 +53,7 @@ class ZQSubFileCachedImageVM : public PictureModel,
   void take(const detail::LoadedPicture& picture);
 
   const int maxSide_;
-  std::atomic<bool> begun_{false};
+  bool begun_ = false;  // any thread, as an atomic
 };
 
 // The picture of an item of a store: a clear area without an id, nothing as long as there is no
@@ -67,7 +67,7 @@ class ZQSubFileCachedImageView : public ViewModifiers<ZQSubFileCachedImageView> 
     Required<ZQSubFiles> subFiles;  // not kept
     double cornerRadius = 0;
     std::optional<ContentMode> aspectRatio = std::nullopt;
-    std::optional<DecodeSize> decodeSize = std::nullopt;  // none: all the pixels that it has
+    DecodeSize decodeSize = {};  // by itself: all the pixels that it has
   };
   explicit ZQSubFileCachedImageView(const Parameters& parameters);
 
@@ -81,7 +81,7 @@ class ZQSubFileCachedImageView : public ViewModifiers<ZQSubFileCachedImageView> 
   std::optional<std::string> id_;
   double cornerRadius_;
   std::optional<ContentMode> aspectRatio_;
-  std::shared_ptr<ZQSubFileCachedImageVM> image_;
+  Shared<ZQSubFileCachedImageVM> image_;
 };
 
 }  // namespace zq

@@ -27,12 +27,12 @@ View placeholder(Size room) {
 }  // namespace
 
 ZQURLImage::ZQURLImage(std::optional<std::string> address, int maxSide)
-    : url(std::move(address)), maxSide_(maxSide) {}
+    : url(std::move(address)), image_(this), maxSide_(maxSide) {}
 
 std::shared_ptr<ZQURLImage> ZQURLImage::lookup(const std::optional<std::string>& url,
-                                               const std::optional<DecodeSize>& size) {
+                                               const DecodeSize& size) {
   static detail::PictureList<std::string, ZQURLImage> models;
-  const int maxSide = detail::maxSideOf(size);
+  const int maxSide = size.pixels();
   return models.find(url, maxSide, [&] {
     std::shared_ptr<ZQURLImage> model(new ZQURLImage(url, maxSide));
     if (url) model->begin();

@@ -7,6 +7,7 @@
 #include <zqswiftui/images/picture_limits.hpp>
 #include <zqswiftui/images/picture_model.hpp>
 #include <zqswiftui/platform/base/result.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
@@ -31,13 +32,13 @@ class ZQURLImage : public PictureModel, public std::enable_shared_from_this<ZQUR
   // The one of that address and size. Blanks in the address are escaped, nothing else is. A new
   // one begins to download at once; without an address it never does.
   static std::shared_ptr<ZQURLImage> lookup(const std::optional<std::string>& url,
-                                            const std::optional<DecodeSize>& size = {});
+                                            const DecodeSize& size = {});
 
   const std::optional<std::string> url;
   // Set on the interface thread, the picture before cacheTemp and ready. A download that fails
   // leaves the picture that is there.
   Published<Status> status{this, Status::startup};
-  Published<std::optional<ZQImage>> image_{this};
+  Published<std::optional<ZQImage>> image_;
 
  private:
   ZQURLImage(std::optional<std::string> address, int maxSide);
@@ -60,7 +61,7 @@ class ZQURLImage : public PictureModel, public std::enable_shared_from_this<ZQUR
 class ZQURLImageView : public ViewModifiers<ZQURLImageView> {
  public:
   struct Parameters {
-    std::optional<DecodeSize> decodeSize = std::nullopt;  // none: all the pixels that it has
+    DecodeSize decodeSize = {};  // by itself: all the pixels that it has
   };
   explicit ZQURLImageView(std::optional<std::string> url);
   ZQURLImageView(std::optional<std::string> url, const Parameters& parameters);
@@ -70,7 +71,7 @@ class ZQURLImageView : public ViewModifiers<ZQURLImageView> {
 
  private:
   std::optional<std::string> url_;
-  std::shared_ptr<ZQURLImage> image_;
+  Shared<ZQURLImage> image_;
 };
 
 }  // namespace zq

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/required.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <zqswiftui/controls/opened_menu.hpp>
 #include <zqswiftui/layout/selection_list.hpp>
 #include <zqswiftui/platform/base/timer.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>

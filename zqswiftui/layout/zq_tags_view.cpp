@@ -13,15 +13,15 @@ ZQTagsView::ZQTagsView(std::shared_ptr<const List> tagList, Color bgColor)
     : tagList_(tagList ? std::move(tagList) : std::make_shared<const List>()), bgColor_(bgColor) {}
 
 View ZQTagsView::body(Context& /*context*/) const {
-  return LayoutView(
-      NewFlowLayout({.alignment = Alignment::leading(), .spacing = 2}),
-      {ForEach(tagList_, std::identity{}, bgColor_, [](const std::string& tag, const Color& color) {
-        return ZQCapsuledText({.text = tag,
-                               .font = Font::caption(),
-                               .alignment = TextAlignment::center,
-                               .padding = 2,
-                               .backgroundColor = color});
-      })});
+  return LayoutView(NewFlowLayout({.alignment = Alignment::leading(), .spacing = 2}),
+                    {ForEach(tagList_.pointer(), std::identity{}, bgColor_,
+                             [](const std::string& tag, const Color& color) {
+                               return ZQCapsuledText({.text = tag,
+                                                      .font = Font::caption(),
+                                                      .alignment = TextAlignment::center,
+                                                      .padding = 2,
+                                                      .backgroundColor = color});
+                             })});
 }
 
 bool ZQTagsView::operator==(const ZQTagsView& other) const {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
@@ -24,7 +25,7 @@ class ZQTagsView : public ViewModifiers<ZQTagsView> {
   bool operator==(const ZQTagsView& other) const;
 
  private:
-  std::shared_ptr<const List> tagList_;
+  Shared<const List> tagList_;
   Color bgColor_;
 };
 

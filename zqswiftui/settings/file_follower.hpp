@@ -3,12 +3,12 @@
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <zqswiftui/platform/base/result.hpp>
 #include <zqswiftui/platform/base/timer.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/settings/zquic_project.hpp>
 
 namespace zq {

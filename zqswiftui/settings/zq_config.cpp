@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <memory>
 #include <utility>
 #include <zqswiftui/platform/base/text.hpp>
 #include <zqswiftui/platform/base/work.hpp>
@@ -29,10 +30,22 @@ bool sameSettings(const ZQUICProject& a, const ZQUICProject& b) {
 
 }  // namespace
 
+// The project, and where the next one comes from. Held weakly by what is still to be told when the
+// store goes.
+struct ZQConfig::Source {
+  Source(ZQConfig* store, std::optional<ZQUICProject> given)
+      : owner(store), project(std::move(given)) {}
+
+  ZQConfig* owner;
+  std::optional<ZQUICProject> project;
+  // Wall time in the clock's own ticks; earlier than any file where there was none.
+  std::int64_t lastBroadcast = INT64_MIN;
+  Subscription broadcasts;
+  std::unique_ptr<FileFollower> file;
+};
+
 ZQConfig::ZQConfig(std::optional<ZQUICProject> project)
-    : project_(std::move(project)),
-      generation_(nextGeneration()),
-      self_(std::make_shared<ZQConfig*>(this)) {}
+    : generation_(nextGeneration()), source_(std::make_shared<Source>(this, std::move(project))) {}
 
 ZQConfig::ZQConfig(std::string_view configFileName, bool debug) : ZQConfig(std::nullopt) {
   const Bundle& bundle = Platform::current().bundle();
@@ -42,22 +55,26 @@ ZQConfig::ZQConfig(std::string_view configFileName, bool debug) : ZQConfig(std::
   projectFileUrl_ = Url::file(*path);
   // Before the file is read: what is written in between must not be missed.
   if (debug) follow(*projectFileUrl_);
-  project_ = ZQUICProject(*projectFileUrl_);
+  source_->project = ZQUICProject(*projectFileUrl_);
 }
 
 ZQConfig::~ZQConfig() = default;
 
+const std::optional<ZQUICProject>& ZQConfig::project() const {
+  return source_->project;
+}
+
 void ZQConfig::follow(const Url& file) {
-  broadcasts_ = ZQNotify::observeBroadcast(
+  source_->broadcasts = ZQNotify::observeBroadcast(
       ZQUICProject::broadcastName(appBundleId_),
       [this](const std::string& payload) { handleNotification(payload); });
-  file_ = std::make_shared<FileFollower>(
+  source_->file = std::make_unique<FileFollower>(
       file, [this](const FollowedFile& written) { takeFile(written); });
 }
 
 void ZQConfig::handleNotification(std::optional<std::string_view> payload) {
   if (!payload) return;
-  lastBroadcast_ = Platform::current().clock().wallTime().time_since_epoch().count();
+  source_->lastBroadcast = Platform::current().clock().wallTime().time_since_epoch().count();
   auto decoded = decodeProject(*payload);
   setProject(decoded.ok() ? std::optional(std::move(decoded).value()) : std::nullopt);
   notifyUpdate();
@@ -70,35 +87,37 @@ void ZQConfig::takeFile(const FollowedFile& file) {
     return;
   }
   // The editor saves a little later than it broadcasts; its file may be behind.
-  if (lastBroadcast_ > file.writtenAt.time_since_epoch().count()) return;
-  if (project_ && sameSettings(*project_, file.project.value())) return;
+  if (source_->lastBroadcast > file.writtenAt.time_since_epoch().count()) return;
+  if (project() && sameSettings(*project(), file.project.value())) return;
   setProject(file.project.value());
   notifyUpdate();
 }
 
 void ZQConfig::setProject(std::optional<ZQUICProject> project) {
-  project_.swap(project);
+  source_->project.swap(project);
   // To let go of a large project takes as long as to read it.
   Queue::execute(false, [before = std::move(project)] {});
   generation_ = nextGeneration();
 }
 
 void ZQConfig::notifyUpdate() {
-  Platform::current().mainQueue().post([weak = std::weak_ptr(self_)] {
-    if (const auto self = weak.lock()) (*self)->willChange.send();
+  Platform::current().mainQueue().post([weak = std::weak_ptr(source_.pointer())] {
+    ZQConfig* store = nullptr;
+    if (const auto source = weak.lock()) store = source->owner;
+    if (store) store->willChange.send();
   });
 }
 
 std::string ZQConfig::zqcCode() const {
-  return project_ ? project_->zqcCode() : "";
+  return project() ? project()->zqcCode() : "";
 }
 
 const ZQUICItem* ZQConfig::item(std::string_view group, std::string_view key) const {
-  return project_ ? project_->itemForKey(key, group) : nullptr;
+  return project() ? project()->itemForKey(key, group) : nullptr;
 }
 
 double ZQConfig::doubleValue(std::string_view group, std::string_view key) const {
-  return doubleValue(group, key, Default(project_ ? project_->defaultDoubleValue : 64.0));
+  return doubleValue(group, key, Default(project() ? project()->defaultDoubleValue : 64.0));
 }
 
 double ZQConfig::doubleValue(std::string_view group, std::string_view key,
@@ -112,7 +131,7 @@ double ZQConfig::doubleValue(std::string_view group, std::string_view key, Min<d
 }
 
 std::int64_t ZQConfig::intValue(std::string_view group, std::string_view key) const {
-  return intValue(group, key, Default(project_ ? project_->defaultIntValue : std::int64_t{0}));
+  return intValue(group, key, Default(project() ? project()->defaultIntValue : std::int64_t{0}));
 }
 
 std::int64_t ZQConfig::intValue(std::string_view group, std::string_view key,
@@ -127,7 +146,7 @@ std::int64_t ZQConfig::intValue(std::string_view group, std::string_view key,
 }
 
 bool ZQConfig::boolValue(std::string_view group, std::string_view key) const {
-  return boolValue(group, key, Default(project_ ? project_->defaultBoolValue : true));
+  return boolValue(group, key, Default(project() ? project()->defaultBoolValue : true));
 }
 
 bool ZQConfig::boolValue(std::string_view group, std::string_view key, Default<bool> def) const {

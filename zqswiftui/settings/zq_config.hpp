@@ -3,19 +3,17 @@
 
 #include <concepts>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
-#include <zqswiftui/platform/base/signal.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
 #include <zqswiftui/settings/zquic_project.hpp>
 
 namespace zq {
 
-class FileFollower;
 struct FollowedFile;
 
 namespace detail {
@@ -86,7 +84,7 @@ class ZQConfig : public ObservableObject {
   explicit ZQConfig(std::optional<ZQUICProject> project);
   ~ZQConfig() override;
 
-  const std::optional<ZQUICProject>& project() const { return project_; }
+  const std::optional<ZQUICProject>& project() const;
   // Of the running application in lower case, or empty.
   const std::string& appBundleId() const { return appBundleId_; }
   const std::optional<Url>& projectFileUrl() const { return projectFileUrl_; }
@@ -155,18 +153,14 @@ class ZQConfig : public ObservableObject {
   void follow(const Url& file);
   void takeFile(const FollowedFile& file);
 
-  std::optional<ZQUICProject> project_;
+  struct Source;
+
   std::string appBundleId_;
   std::optional<Url> projectFileUrl_;
   // No two projects of the process share one, whatever store has them: slots are shared by
   // stores.
   std::uint64_t generation_;
-  // Held weakly by what is still to be told when the store goes.
-  const std::shared_ptr<ZQConfig*> self_;
-  Subscription broadcasts_;
-  // Wall time in the clock's own ticks; earlier than any file where there was none.
-  std::int64_t lastBroadcast_ = INT64_MIN;
-  std::shared_ptr<FileFollower> file_;
+  const Shared<Source> source_;
 };
 
 }  // namespace zq

@@ -5,6 +5,8 @@
 
 namespace zq {
 
+static_assert(ZQLeftSideItemable<ZQUICGroup> && ZQSearchable<ZQUICGroup>);
+
 bool ZQUICGroup::zqSearch(std::string_view query) const {
   return zqSearchContains(name, query) ||
          std::any_of(itemList.begin(), itemList.end(),

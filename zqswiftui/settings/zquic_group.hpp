@@ -34,6 +34,4 @@ struct ZQUICGroup {
   bool operator==(const ZQUICGroup&) const = default;
 };
 
-static_assert(ZQLeftSideItemable<ZQUICGroup> && ZQSearchable<ZQUICGroup>);
-
 }  // namespace zq

@@ -12,6 +12,8 @@
 
 namespace zq {
 
+static_assert(ZQLeftSideItemable<ZQUICProject>);
+
 namespace {
 
 constexpr double quietPeriod = 0.25;

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +10,8 @@
 #include <vector>
 #include <zqswiftui/platform/base/pressure_task.hpp>
 #include <zqswiftui/platform/base/result.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/settings/list_protocols.hpp>
 #include <zqswiftui/settings/zquic_group.hpp>
 
@@ -103,9 +104,7 @@ class ZQUICProject {
  private:
   struct Content;
 
-  std::shared_ptr<Content> content_;  // shared by copies, and then not changed any more
+  Shared<Content> content_;  // shared by copies, and then not changed any more
 };
-
-static_assert(ZQLeftSideItemable<ZQUICProject>);
 
 }  // namespace zq

@@ -17,15 +17,15 @@
 namespace bench {
 namespace {
 
-std::optional<zq::DecodeSize> sizeOf(const Wall& wall) {
-  if (!wall.reduced) return std::nullopt;
+zq::DecodeSize sizeOf(const Wall& wall) {
+  if (!wall.reduced) return {};
   return zq::DecodeSize{.points = static_cast<double>(wall.cellWidth), .scale = 1};
 }
 
 struct Cell {
   std::string file;
   zq::Size size;
-  std::optional<zq::DecodeSize> decoded;
+  zq::DecodeSize decoded;
   zq::View body(zq::Context&) const {
     return zq::ZQCachedImage(zq::Url::file(file), {.decodeSize = decoded})
         .frame(size.width, size.height);

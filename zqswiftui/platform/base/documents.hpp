@@ -1,11 +1,11 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <vector>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/services/file_facts.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

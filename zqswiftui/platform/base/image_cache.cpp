@@ -46,7 +46,7 @@ std::optional<ZQImage> ImageCache::getImage(const std::string& name, const Bundl
   auto image = bytes.ok() ? zqImage(bytes.value()) : std::nullopt;
   lock.lock();
   place.loading = false;
-  if (image) place.shown = image->content_;
+  if (image) place.shown = image->content_.pointer();
   loaded.notify_all();
   return image;
 }

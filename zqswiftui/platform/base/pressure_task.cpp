@@ -92,7 +92,7 @@ struct ZQPressureTask::State : std::enable_shared_from_this<State> {
 
 ZQPressureTask::ZQPressureTask() : state_(std::make_shared<State>()) {
   const std::lock_guard lock(State::registry().mutex);
-  State::registry().states.emplace(state_.get(), state_);
+  State::registry().states.emplace(state_.get(), state_.pointer());
 }
 
 std::shared_ptr<ZQPressureTask> ZQPressureTask::make() {

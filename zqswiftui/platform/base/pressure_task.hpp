@@ -1,8 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 
@@ -33,7 +34,7 @@ class ZQPressureTask {
 
  private:
   struct State;
-  std::shared_ptr<State> state_;
+  Shared<State> state_;
 };
 
 }  // namespace zq

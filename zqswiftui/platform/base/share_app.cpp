@@ -99,7 +99,7 @@ ZQShareApp::ZQShareApp(Url folder, std::vector<Item> items)
 }
 
 Task<std::optional<Url>> ZQShareApp::urlForId(std::string id, bool downloadRemote) const {
-  return Record::find(record_, std::move(id), downloadRemote);
+  return Record::find(record_.pointer(), std::move(id), downloadRemote);
 }
 
 std::optional<Url> ZQShareApp::remoteUrl(const std::string& id) const {

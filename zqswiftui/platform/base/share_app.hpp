@@ -1,10 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/task.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 
@@ -32,7 +32,7 @@ class ZQShareApp {
 
  private:
   struct Record;
-  std::shared_ptr<Record> record_;
+  Shared<Record> record_;
 };
 
 }  // namespace zq

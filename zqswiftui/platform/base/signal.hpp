@@ -1,12 +1,12 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <atomic>
-#include <cstdint>
-#include <functional>
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 
@@ -31,72 +31,48 @@ class [[nodiscard]] Subscription {
 
 namespace detail {
 
-// One listener's gate: who is inside, and whether anyone may still enter.
-class ListenerGate {
- public:
-  bool enter() {
-    unsigned state = state_.load(std::memory_order_relaxed);
-    do {
-      if (state & kClosed) return false;
-    } while (!state_.compare_exchange_weak(state, state + kOneInside, std::memory_order_acquire,
-                                           std::memory_order_relaxed));
-    return true;
-  }
-
-  void leave() {
-    if (state_.fetch_sub(kOneInside, std::memory_order_acq_rel) & kClosed) state_.notify_all();
-  }
-
-  // Waits for other threads to leave; calls of this thread further up its stack are not
-  // waited for. Answers whether nobody at all is inside any more.
-  bool close();
-
-  // A passage through the gate, remembered by its thread.
-  struct Call {
-    explicit Call(ListenerGate& entered) : gate(&entered), outer(innermost) { innermost = this; }
-    ~Call() {
-      innermost = outer;
-      gate->leave();
-    }
-    Call(const Call&) = delete;
-    Call& operator=(const Call&) = delete;
-    ListenerGate* gate;
-    Call* outer;
-  };
-
- private:
-  static constexpr unsigned kClosed = 1;
-  static constexpr unsigned kOneInside = 2;
-  static inline thread_local Call* innermost = nullptr;
-  // How many are inside, above the bit that says it is closed. Whoever leaves may wake others
-  // after the last wait has ended: each call holds its listener until it has left.
-  std::atomic<unsigned> state_{0};
-};
-
 struct ListenerList;
 
-// One listener, whatever it takes, and its place in the list.
+// One listener, whatever it takes.
 struct Listening {
   virtual ~Listening() = default;
   virtual void forget() = 0;  // lets go of what the listener holds
-  ListenerGate gate;
-  std::weak_ptr<ListenerList> list;
-  std::uint64_t place = 0;
+  // How many are inside, above the bit that says it is closed. Any thread, as an atomic.
+  unsigned gate = 0;
 };
 
 // The listeners of a signal in the order of their connection, whatever they take.
 class Listeners {
  public:
-  using Entries = std::vector<std::shared_ptr<Listening>>;
-
   Listeners();
   Subscription add(std::shared_ptr<Listening> entry);
-  // What a send walks: kept until the list changes, so that sends allocate nothing.
-  std::shared_ptr<const Entries> entries() const;
   bool empty() const;
 
  private:
-  std::shared_ptr<ListenerList> list_;
+  friend class ListenerWalk;
+  Shared<ListenerList> list_;
+};
+
+// One send, on the stack of its thread: goes through those that are connected when it begins, and
+// stands inside each of them until it goes on.
+class ListenerWalk {
+ public:
+  explicit ListenerWalk(const Listeners& listeners);
+  ~ListenerWalk();
+  ListenerWalk(const ListenerWalk&) = delete;
+  ListenerWalk& operator=(const ListenerWalk&) = delete;
+
+  // The next one that may be entered; null after the last.
+  const Listening* next();
+  // How many walks of this thread stand inside of it.
+  static unsigned insideHere(const Listening& entry);
+
+ private:
+  void leave();
+  Shared<const std::vector<std::shared_ptr<Listening>>> entries_;
+  std::size_t at_ = 0;
+  Listening* inside_ = nullptr;
+  ListenerWalk* outer_;  // further up the stack
 };
 
 }  // namespace detail
@@ -127,12 +103,8 @@ class Signal {
   }
 
   void send(const Args&... args) const {
-    const auto entries = listeners_.entries();
-    for (const auto& entry : *entries) {
-      if (!entry->gate.enter()) continue;
-      const detail::ListenerGate::Call call(entry->gate);
-      static_cast<const Entry&>(*entry).listener(args...);
-    }
+    detail::ListenerWalk walk(listeners_);
+    while (const auto* entry = walk.next()) static_cast<const Entry*>(entry)->listener(args...);
   }
 
   bool hasListeners() const { return !listeners_.empty(); }

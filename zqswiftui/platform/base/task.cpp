@@ -1,15 +1,21 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
+#include <atomic>
 #include <zqswiftui/platform/base/task.hpp>
 #include <zqswiftui/platform/services/platform.hpp>
 
 namespace zq {
+
+struct detail::TaskRoot {
+  std::coroutine_handle<> frame;
+  std::atomic<bool> cancelled{false};
+};
 
 namespace {
 
 // A frame that nobody holds: it goes when it ends, or with the way on from where it waits.
 struct Running {
   struct promise_type {
-    std::shared_ptr<detail::TaskRoot> root;
+    Shared<detail::TaskRoot> root;
     Running get_return_object() {
       return {std::coroutine_handle<promise_type>::from_promise(*this)};
     }
@@ -43,6 +49,19 @@ std::function<void()> resuming(std::shared_ptr<detail::Resumption> resumption) {
 }  // namespace
 
 namespace detail {
+
+Resumption::~Resumption() {
+  if (!used_) root_->frame.destroy();
+}
+
+void Resumption::resume() {
+  if (std::atomic_ref(used_).exchange(true)) return;
+  if (root_->cancelled) {
+    root_->frame.destroy();
+  } else {
+    waiting_.resume();
+  }
+}
 
 bool onInterfaceThread() {
   return Platform::current().mainQueue().isMainThread();

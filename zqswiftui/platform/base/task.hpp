@@ -1,14 +1,14 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <atomic>
 #include <coroutine>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
 #include <zqswiftui/platform/services/require.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 
@@ -28,14 +28,11 @@ class Task;
 namespace detail {
 
 // The outermost frame of a running task, which owns all those inside.
-struct TaskRoot {
-  std::coroutine_handle<> frame;
-  std::atomic<bool> cancelled{false};
-};
+struct TaskRoot;
 
 struct TaskPromiseBase {
   std::coroutine_handle<> continuation;
-  std::shared_ptr<TaskRoot> root;
+  Shared<TaskRoot> root;
 
   std::suspend_always initial_suspend() noexcept { return {}; }
   void unhandled_exception() noexcept { ZQ_REQUIRE(false, "Task: an exception left a task"); }
@@ -72,25 +69,17 @@ class Resumption {
   template <typename Promise>
   explicit Resumption(std::coroutine_handle<Promise> waiting)
       : waiting_(waiting), root_(waiting.promise().root) {}
-  ~Resumption() {
-    if (!used_) root_->frame.destroy();
-  }
+  ~Resumption();
   Resumption(const Resumption&) = delete;
   Resumption& operator=(const Resumption&) = delete;
 
-  void resume() {
-    if (used_.exchange(true)) return;
-    if (root_->cancelled) {
-      root_->frame.destroy();
-    } else {
-      waiting_.resume();
-    }
-  }
+  // Of several calls, whatever their threads, the first one counts.
+  void resume();
 
  private:
   std::coroutine_handle<> waiting_;
-  std::shared_ptr<TaskRoot> root_;
-  std::atomic<bool> used_{false};
+  Shared<TaskRoot> root_;
+  bool used_ = false;  // any thread, as an atomic
 };
 
 bool onInterfaceThread();

@@ -3,11 +3,11 @@
 
 #include <condition_variable>
 #include <deque>
-#include <functional>
 #include <mutex>
 #include <thread>
 #include <vector>
 #include <zqswiftui/platform/services/background.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

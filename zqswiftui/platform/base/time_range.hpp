@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <string>
 
 namespace zq {
 

@@ -75,7 +75,7 @@ void ZQTimer::begin(double interval, bool repeats, std::function<void()> action)
 }
 
 void ZQTimer::stop() {
-  const auto run = std::exchange(run_, nullptr);
+  const auto run = std::exchange(run_, {});
   if (!run) return;
   run->stopped = true;
   if (Platform::installed()) Platform::current().mainQueue().cancel(run->call);

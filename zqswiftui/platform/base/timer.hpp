@@ -1,10 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 
@@ -32,7 +32,7 @@ class ZQTimer {
  private:
   struct Run;
   void begin(double interval, bool repeats, std::function<void()> action);
-  std::shared_ptr<Run> run_;
+  Shared<Run> run_;
 };
 
 }  // namespace zq

@@ -3,7 +3,6 @@
 
 #include <compare>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

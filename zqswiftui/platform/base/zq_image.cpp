@@ -85,6 +85,21 @@ Pixels scaled(const Pixels& source, int width, int height) {
 
 }  // namespace
 
+struct ZQImage::Content {
+  std::shared_ptr<const Pixels> pixels;
+  std::string identity;
+};
+
+ZQImage::ZQImage(std::shared_ptr<const Content> content) : content_(std::move(content)) {}
+
+const Pixels& ZQImage::pixels() const {
+  return *content_->pixels;
+}
+
+const std::string& ZQImage::identity() const {
+  return content_->identity;
+}
+
 std::optional<ZQImage> ZQImage::fromPixels(Pixels pixels) {
   if (pixels.width <= 0 || pixels.height <= 0) return std::nullopt;
   const auto count =

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/services/image_codec.hpp>
 
 namespace zq {
@@ -19,9 +20,9 @@ class ZQImage {
 
   int width() const { return pixels().width; }
   int height() const { return pixels().height; }
-  const Pixels& pixels() const { return *content_->pixels; }
+  const Pixels& pixels() const;
   // Tells this picture from all others of the process.
-  const std::string& identity() const { return content_->identity; }
+  const std::string& identity() const;
 
   // A copy whose longer side has that many pixels; absent below 1. None is enlarged beyond 16384:
   // asked for more than that and than it has, it comes as it is.
@@ -33,13 +34,10 @@ class ZQImage {
 
  private:
   friend struct ImageCache;
-  struct Content {
-    std::shared_ptr<const Pixels> pixels;
-    std::string identity;
-  };
-  explicit ZQImage(std::shared_ptr<const Content> content) : content_(std::move(content)) {}
+  struct Content;
+  explicit ZQImage(std::shared_ptr<const Content> content);
   static ZQImage of(std::shared_ptr<const Pixels> pixels);
-  std::shared_ptr<const Content> content_;
+  Shared<const Content> content_;
 };
 
 // How many pixels a picture may declare that is still decoded; one with more fails before that. Of

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <zqswiftui/platform/base/signal.hpp>
 #include <zqswiftui/platform/base/zq_image.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <deque>
-#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -14,6 +13,7 @@
 #include <zqswiftui/platform/services/background.hpp>
 #include <zqswiftui/platform/services/clock.hpp>
 #include <zqswiftui/platform/services/main_queue.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

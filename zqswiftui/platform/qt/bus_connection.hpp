@@ -2,10 +2,10 @@
 #pragma once
 
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <string>
 #include <zqswiftui/platform/qt/bus_messages.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 struct DBusConnection;
 

@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <deque>
-#include <functional>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -13,6 +12,7 @@
 #include <zqswiftui/platform/qt/bus_connection.hpp>
 #include <zqswiftui/platform/qt/memory_file.hpp>
 #include <zqswiftui/platform/services/main_queue.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq::qt {
 

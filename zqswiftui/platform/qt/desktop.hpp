@@ -1,11 +1,11 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <zqswiftui/platform/services/appearance.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/services/workspace.hpp>
 
 class QPalette;

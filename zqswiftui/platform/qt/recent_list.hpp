@@ -2,11 +2,11 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq::qt {
 

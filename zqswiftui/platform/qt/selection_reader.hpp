@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -15,6 +14,7 @@
 #include <utility>
 #include <vector>
 #include <zqswiftui/platform/services/bytes.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq::qt {
 

@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <utility>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

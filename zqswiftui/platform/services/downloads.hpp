@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <zqswiftui/platform/services/bytes.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

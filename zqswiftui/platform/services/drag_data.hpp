@@ -1,13 +1,13 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 #include <zqswiftui/platform/services/bytes.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

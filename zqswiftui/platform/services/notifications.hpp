@@ -3,9 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

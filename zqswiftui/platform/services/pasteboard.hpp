@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 #include <zqswiftui/platform/services/bytes.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/services/background.hpp>
 #include <zqswiftui/platform/services/bundle.hpp>
@@ -14,6 +13,7 @@
 #include <zqswiftui/platform/services/pasteboard.hpp>
 #include <zqswiftui/platform/services/preferences.hpp>
 #include <zqswiftui/platform/services/recent_documents.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/services/text_measurer.hpp>
 #include <zqswiftui/platform/services/workspace.hpp>
 

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 
 namespace zq {
@@ -46,7 +46,7 @@ struct NumberSetter : std::function<void(double)> {
 // What a component says of itself to assistive technology; whatever is left out is derived
 // from the texts and buttons inside.
 struct Accessibility {
-  std::optional<Role> role = std::nullopt;
+  Role role = Role::none;  // none: that of what is inside
   std::optional<std::string> label = std::nullopt;
   std::optional<std::string> value = std::nullopt;
   std::optional<std::string> description = std::nullopt;

@@ -1,8 +1,8 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <optional>
+#include <zqswiftui/platform/services/std_function.hpp>
 
 namespace zq {
 

@@ -1,9 +1,9 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/services/appearance.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 
@@ -122,7 +122,7 @@ class Paint {
 
  private:
   Color color_;
-  std::shared_ptr<const LinearGradient> gradient_;
+  Shared<const LinearGradient> gradient_;
 };
 
 }  // namespace zq

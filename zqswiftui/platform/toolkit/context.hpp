@@ -5,6 +5,7 @@
 #include <memory>
 #include <typeinfo>
 #include <utility>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
 #include <zqswiftui/platform/toolkit/environment.hpp>
 #include <zqswiftui/platform/toolkit/observable.hpp>
@@ -83,7 +84,7 @@ class Context {
   template <class T>
   State<T> state(T initial) {
     if (auto known = nextState(typeid(T))) {
-      return State<T>(std::static_pointer_cast<detail::StateCell<T>>(std::move(known)));
+      return State<T>(known.template as<detail::StateCell<T>>());
     }
     auto cell = std::make_shared<detail::StateCell<T>>(std::move(initial));
     addState(cell, typeid(T));
@@ -95,7 +96,7 @@ class Context {
   auto stateOf(F make) -> State<std::invoke_result_t<F>> {
     using T = std::invoke_result_t<F>;
     if (auto known = nextState(typeid(T))) {
-      return State<T>(std::static_pointer_cast<detail::StateCell<T>>(std::move(known)));
+      return State<T>(known.template as<detail::StateCell<T>>());
     }
     auto cell = std::make_shared<detail::StateCell<T>>(make());
     addState(cell, typeid(T));
@@ -108,6 +109,10 @@ class Context {
   T& observe(const std::shared_ptr<T>& object) {
     observeObject(object);
     return *object;
+  }
+  template <std::derived_from<ObservableObject> T>
+  T& observe(const Shared<T>& object) {
+    return observe(object.pointer());
   }
 
   template <class Key>
@@ -124,7 +129,7 @@ class Context {
   }
 
  private:
-  std::shared_ptr<detail::StateCellBase> nextState(const std::type_info& type);
+  Shared<detail::StateCellBase> nextState(const std::type_info& type);
   void addState(const std::shared_ptr<detail::StateCellBase>& cell, const std::type_info& type);
   void observeObject(const std::shared_ptr<ObservableObject>& object);
   const Environment& environmentValues();

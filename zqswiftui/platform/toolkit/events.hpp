@@ -1,10 +1,10 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 #include <zqswiftui/platform/services/drag_data.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 
 namespace zq {

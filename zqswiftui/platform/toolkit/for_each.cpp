@@ -16,8 +16,7 @@ class ForEachNode;
 
 class ForEachValue final : public ViewValue {
  public:
-  explicit ForEachValue(std::shared_ptr<const ForEachSource> givenSource)
-      : source(std::move(givenSource)) {}
+  explicit ForEachValue(Shared<const ForEachSource> givenSource) : source(std::move(givenSource)) {}
   // Lists of other items or children are other views.
   const void* typeId() const override { return source->type(); }
   bool equals(const ViewValue& other) const override {
@@ -25,7 +24,7 @@ class ForEachValue final : public ViewValue {
     return source->size() == o.size() && source->commonPrefix(o) == o.size();
   }
   std::unique_ptr<Node> makeNode(const NodePlace& place) const override;
-  std::shared_ptr<const ForEachSource> source;
+  Shared<const ForEachSource> source;
 };
 
 // A key of the list before.
@@ -175,7 +174,7 @@ void ForEachNode::layoutChildren() {
 
 }  // namespace
 
-View detail::forEachView(std::shared_ptr<const ForEachSource> source) {
+View detail::forEachView(Shared<const ForEachSource> source) {
   return View::make<ForEachValue>(std::move(source));
 }
 

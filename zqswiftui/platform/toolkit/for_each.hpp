@@ -3,11 +3,12 @@
 
 #include <concepts>
 #include <cstddef>
-#include <functional>
 #include <memory>
+#include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {
@@ -30,7 +31,7 @@ class ForEachSource {
   virtual std::size_t keyHash(std::size_t i) const = 0;
 };
 
-View forEachView(std::shared_ptr<const ForEachSource> source);
+View forEachView(Shared<const ForEachSource> source);
 
 struct NoContext {
   bool operator==(const NoContext&) const = default;
@@ -128,6 +129,18 @@ class ChildSource final : public ForEachSource {
   std::vector<Child> children_;
 };
 
+// What a function, or a pointer to a member, answers for an item; <functional> is much for that.
+template <class Key, class T>
+decltype(auto) keyOf(const Key& key, const T& item) {
+  if constexpr (std::is_member_object_pointer_v<Key>) {
+    return item.*key;
+  } else if constexpr (std::is_member_function_pointer_v<Key>) {
+    return (item.*key)();
+  } else {
+    return key(item);
+  }
+}
+
 template <class C>
 concept Captureless = std::is_empty_v<C> && std::is_copy_constructible_v<C>;
 
@@ -163,7 +176,7 @@ class ForEach : public ViewModifiers<ForEach> {
     keys.reserve(items.size());
     children.reserve(items.size());
     for (const T& item : items) {
-      keys.push_back(std::invoke(key, item));
+      keys.push_back(detail::keyOf(key, item));
       children.push_back(content(item));
     }
     source_ =
@@ -190,14 +203,14 @@ class ForEach : public ViewModifiers<ForEach> {
     return std::make_shared<const std::vector<T>>(std::move(items));
   }
   template <class T, class Key, class Extra, class Content>
-  static std::shared_ptr<const detail::ForEachSource> itemSource(
-      std::shared_ptr<const std::vector<T>> items, Key key, Extra extra, Content content) {
-    const auto keyOf = [key](const T& item) -> decltype(auto) { return std::invoke(key, item); };
+  static Shared<const detail::ForEachSource> itemSource(std::shared_ptr<const std::vector<T>> items,
+                                                        Key key, Extra extra, Content content) {
+    const auto keyOf = [key](const T& item) -> decltype(auto) { return detail::keyOf(key, item); };
     return std::make_shared<const detail::ItemSource<T, decltype(keyOf), Extra, Content>>(
         std::move(items), keyOf, std::move(extra), content);
   }
 
-  std::shared_ptr<const detail::ForEachSource> source_;
+  Shared<const detail::ForEachSource> source_;
 };
 
 }  // namespace zq

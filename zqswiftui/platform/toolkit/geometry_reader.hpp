@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
 namespace zq {

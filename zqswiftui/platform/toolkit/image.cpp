@@ -56,7 +56,7 @@ class ImageNode final : public LeafNode {
   const Image& image() const { return static_cast<const Value&>(*view().value()).value; }
   Size idealSize() const;
   void resolve() {
-    font_ = tree().texts().fontNumber(image().font_.value_or(environment().font),
+    font_ = tree().texts().fontNumber(image().ownFont_ ? image().font_ : environment().font,
                                       environment().textScale);
   }
   int font_ = 0;
@@ -155,7 +155,7 @@ std::optional<Image> swiftUIImage(std::span<const std::uint8_t> bytes) {
 }
 
 Image Image::font(Font font) const {
-  return with(*this, &Image::font_, font);
+  return with(with(*this, &Image::font_, font), &Image::ownFont_, true);
 }
 
 Image Image::foregroundColor(std::optional<Color> color) const {

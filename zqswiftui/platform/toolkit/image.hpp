@@ -48,9 +48,10 @@ class Image : public ViewModifiers<Image> {
   Image() = default;
   std::string symbol_;
   std::optional<ZQImage> picture_;
-  std::optional<Font> font_;
+  Font font_;
   std::optional<Color> color_;
   std::string label_;
+  bool ownFont_ = false;  // else that of the environment
   bool resizable_ = false;
   std::optional<ContentMode> mode_ = ContentMode::fit;  // none: stretched
 };

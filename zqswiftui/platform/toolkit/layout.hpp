@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <vector>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/geometry.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -52,7 +53,7 @@ class Subviews {
     std::size_t count;
     std::size_t first;  // among all
   };
-  Subviews(const std::vector<Part>& parts, std::size_t size) : parts_(parts), size_(size) {}
+  Subviews(const std::vector<Part>& parts, std::size_t size);
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
   Subview operator[](std::size_t index) const;
@@ -93,7 +94,7 @@ class LayoutView : public ViewModifiers<LayoutView> {
   operator View() const;  // NOLINT(google-explicit-constructor)
 
  private:
-  std::shared_ptr<const Layout> layout_;
+  Shared<const Layout> layout_;
   std::vector<View> children_;
 };
 

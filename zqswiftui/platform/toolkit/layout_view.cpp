@@ -13,7 +13,7 @@ class LayoutNode;
 
 class LayoutValue final : public ViewValue {
  public:
-  LayoutValue(std::shared_ptr<const Layout> givenLayout, std::vector<View> givenChildren)
+  LayoutValue(Shared<const Layout> givenLayout, std::vector<View> givenChildren)
       : layout(std::move(givenLayout)), children(std::move(givenChildren)) {}
   const void* typeId() const override { return &detail::viewTypeId<LayoutValue>; }
   bool equals(const ViewValue& other) const override {
@@ -26,7 +26,7 @@ class LayoutValue final : public ViewValue {
   }
   std::unique_ptr<Node> makeNode(const NodePlace& place) const override;
 
-  std::shared_ptr<const Layout> layout;
+  Shared<const Layout> layout;
   std::vector<View> children;
 };
 
@@ -124,6 +124,8 @@ LayoutView::operator View() const {
 }
 
 // --- Subviews ---
+
+Subviews::Subviews(const std::vector<Part>& parts, std::size_t size) : parts_(parts), size_(size) {}
 
 Subview Subviews::operator[](std::size_t index) const {
   ZQ_REQUIRE(index < size_, "Subviews: index out of range");

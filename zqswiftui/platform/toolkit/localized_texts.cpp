@@ -3,11 +3,17 @@
 
 namespace zq {
 
+LocalizedTextsKey::Value LocalizedTextsKey::defaultValue() {
+  return {};
+}
+
 std::string localized(Context& context, const std::string& text) {
   const auto texts = context.environment<LocalizedTextsKey>();
   if (!texts) return text;
-  const auto found = texts->find(text);
-  return found == texts->end() ? text : found->second;
+  for (const LocalizedText& known : *texts) {
+    if (known.text == text) return known.own;
+  }
+  return text;
 }
 
 }  // namespace zq

@@ -145,7 +145,7 @@ void AccessibilityInfoNode::describe(std::vector<AccessibilityNode>& out) {
     node.role = Role::group;
     node.bounds = toWindow(localBounds());
     node.enabled = environment().enabled;
-    if (!info.role || *info.role == Role::group || *info.role == Role::list) {
+    if (info.role == Role::none || info.role == Role::group || info.role == Role::list) {
       node.children = std::move(inside);
     }
   }
@@ -154,7 +154,7 @@ void AccessibilityInfoNode::describe(std::vector<AccessibilityNode>& out) {
       node.children.front().role == Role::scrollArea) {
     node.children = std::exchange(node.children.front().children, {});
   }
-  if (info.role) node.role = *info.role;
+  if (info.role != Role::none) node.role = info.role;
   if (info.label) node.name = *info.label;
   if (info.value) node.value = *info.value;
   if (info.description) node.description = *info.description;
@@ -272,6 +272,12 @@ View modify::onChange(View view, const void* type, std::shared_ptr<const modify:
 
 View modify::accessibility(View view, Accessibility info) {
   return View::make<AccessibilityValue>(std::move(view), std::move(info));
+}
+
+View modify::accessibilityLabel(View view, std::string label) {
+  Accessibility info;
+  info.label = std::move(label);
+  return accessibility(std::move(view), std::move(info));
 }
 
 View modify::id(View view, std::string id) {

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <concepts>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/accessibility.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
 #include <zqswiftui/platform/toolkit/environment.hpp>
@@ -41,7 +41,7 @@ struct FlexFrame {
   bool operator==(const FlexFrame&) const = default;
 };
 
-inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+inline constexpr double kInfinity = __builtin_inf();  // without <limits>, which is long
 
 // What every view can be wrapped in. Each returns a new view; lengths are points, and those
 // that are not finite or negative count as zero. Derive a component from
@@ -188,6 +188,7 @@ class Watched {
 };
 View onChange(View view, const void* type, std::shared_ptr<const Watched> watched);
 View accessibility(View view, Accessibility info);
+View accessibilityLabel(View view, std::string label);
 View id(View view, std::string id);
 View popover(View view, Binding<bool> isPresented, View content, HorizontalAlignment alignment);
 

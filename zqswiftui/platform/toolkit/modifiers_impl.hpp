@@ -190,9 +190,7 @@ View ViewModifiers<S>::accessibility(Accessibility info) const {
 }
 template <class S>
 View ViewModifiers<S>::accessibilityLabel(std::string label) const {
-  Accessibility info;
-  info.label = std::move(label);
-  return modify::accessibility(view(), std::move(info));
+  return modify::accessibilityLabel(view(), std::move(label));
 }
 template <class S>
 View ViewModifiers<S>::id(std::string id) const {

@@ -1,12 +1,13 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <type_traits>
 #include <utility>
 #include <zqswiftui/platform/base/lock.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/signal.hpp>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/binding.hpp>
 
 namespace zq {
@@ -56,7 +57,7 @@ class Published {
     if constexpr (kPlain) {
       return std::make_shared<const T>(value());
     } else {
-      return value();
+      return value().pointer();
     }
   }
 
@@ -100,7 +101,7 @@ class Published {
  private:
   // What is smaller than a pointer to it is kept as it is.
   static constexpr bool kPlain = std::is_trivially_copyable_v<T> && sizeof(T) <= sizeof(void*);
-  using Value = std::conditional_t<kPlain, T, std::shared_ptr<const T>>;
+  using Value = std::conditional_t<kPlain, T, Shared<const T>>;
 
   static Value kept(T value) {
     if constexpr (kPlain) {

@@ -21,6 +21,10 @@ bool finite(Point p) {
 
 }  // namespace
 
+bool Path::empty() const {
+  return elements_.empty();
+}
+
 Path& Path::moveTo(Point p) {
   if (finite(p)) elements_.push_back({Verb::move, {}, {}, p});
   return *this;

@@ -37,7 +37,7 @@ class Path {
   Path transformed(double scaleX, double scaleY, Point offset) const;
   Rect bounds() const;  // of the control points
   bool isRect() const;  // what addRect makes, and no more
-  bool empty() const { return elements_.empty(); }
+  bool empty() const;
   const std::vector<Element>& elements() const { return elements_; }
   bool operator==(const Path&) const = default;
 

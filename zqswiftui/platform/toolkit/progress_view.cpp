@@ -104,7 +104,9 @@ void ProgressNode::move(const std::optional<double>& from) {
   const std::optional<double>& to = progress().fraction_;
   if (!from || !to || *from == *to) return;
   std::optional<Animation> animation = Node::animation();
-  if (!animation && !environment().reducedMotion) animation = progress().animation_;
+  if (!animation && progress().animated_ && !environment().reducedMotion) {
+    animation = progress().animation_;
+  }
   fraction_.change(
       *this, *from, *to, [this] { invalidatePicture(); }, animation);
 }
@@ -179,7 +181,7 @@ ProgressView ProgressView::barHeight(double height) const {
   return with(*this, &ProgressView::barHeight_, sanitized(height));
 }
 ProgressView ProgressView::animated(const Animation& animation) const {
-  return with(*this, &ProgressView::animation_, std::optional(animation));
+  return with(with(*this, &ProgressView::animation_, animation), &ProgressView::animated_, true);
 }
 
 ProgressView::operator View() const {

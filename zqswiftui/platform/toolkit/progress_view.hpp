@@ -41,7 +41,8 @@ class ProgressView : public ViewModifiers<ProgressView> {
   double barHeight_ = 4;
   Color done_ = Color::accent();
   Color rest_ = Color::primary().opacity(0.15);
-  std::optional<Animation> animation_;
+  Animation animation_ = Animation::linear(0);
+  bool animated_ = false;
 };
 
 }  // namespace zq

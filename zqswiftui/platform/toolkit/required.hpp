@@ -16,8 +16,8 @@ class Required {
   Required() = delete;
   Required(T value) : value_(std::move(value)) {}  // NOLINT(google-explicit-constructor)
   template <class U>
-    requires(std::convertible_to<U &&, T> && !std::same_as<std::remove_cvref_t<U>, T> &&
-             !std::same_as<std::remove_cvref_t<U>, Required>)
+    requires(!std::same_as<std::remove_cvref_t<U>, Required> &&
+             !std::same_as<std::remove_cvref_t<U>, T> && std::convertible_to<U &&, T>)
   Required(U&& value)  // NOLINT: must take a literal where the field is a text
       : value_(std::forward<U>(value)) {}
 

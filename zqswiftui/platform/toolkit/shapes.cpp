@@ -125,7 +125,7 @@ void ShapeNode::recordFill(Piece& piece, const Paint& paint) const {
           {all.midX() - half, all.midY() - half, 2 * half, 2 * half}, half, false, paint});
       return;
     case ShapeView::Kind::path:
-      piece.emplace_back(FillPath{s.path_, s.path_->bounds(), paint});
+      piece.emplace_back(FillPath{s.path_.pointer(), s.path_->bounds(), paint});
       return;
   }
 }

@@ -1,7 +1,7 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <memory>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/toolkit/path.hpp>
 #include <zqswiftui/platform/toolkit/view.hpp>
 
@@ -35,7 +35,7 @@ class ShapeView : public ViewModifiers<ShapeView> {
   Kind kind_;
   bool continuous_ = false;
   double radius_ = 0;
-  std::shared_ptr<const Path> path_;
+  Shared<const Path> path_;
   bool filled_ = false;
   bool stroked_ = false;
   Paint fill_;

@@ -30,7 +30,8 @@ class TextNode final : public LeafNode {
  private:
   const Text& text() const { return static_cast<const Value&>(*view().value()).value; }
   int lineLimit() const {
-    return text().middle_ ? 1 : text().lineLimit_.value_or(environment().lineLimit);
+    if (text().middle_) return 1;
+    return text().ownLineLimit_ ? text().lineLimit_ : environment().lineLimit;
   }
   void resolve();
   TextSize measureWidth(double width, int lines) {
@@ -42,8 +43,8 @@ class TextNode final : public LeafNode {
 };
 
 void TextNode::resolve() {
-  font_ =
-      tree().texts().fontNumber(text().font_.value_or(environment().font), environment().textScale);
+  font_ = tree().texts().fontNumber(text().ownFont_ ? text().font_ : environment().font,
+                                    environment().textScale);
 }
 
 void TextNode::update(const View& next) {
@@ -51,12 +52,13 @@ void TextNode::update(const View& next) {
   const Text& now = static_cast<const Value&>(*next.value()).value;
   if (was == now) return;
   setView(next);
-  const bool sameLook = was.text_ == now.text_ && was.font_ == now.font_;
+  const bool sameLook =
+      was.text_ == now.text_ && was.font_ == now.font_ && was.ownFont_ == now.ownFont_;
   if (!sameLook) content_.reset();
   resolve();
-  if (!sameLook || was.lineLimit_ != now.lineLimit_ || was.middle_ != now.middle_) {
-    invalidateMeasure();
-  }
+  const bool sameLines = was.lineLimit_ == now.lineLimit_ &&
+                         was.ownLineLimit_ == now.ownLineLimit_ && was.middle_ == now.middle_;
+  if (!sameLook || !sameLines) invalidateMeasure();
   invalidatePicture();
   tree().contentChanged();
 }
@@ -104,7 +106,7 @@ void TextNode::record(Piece& piece) {
   DrawText draw;
   draw.content = content_;
   draw.rect = localBounds();
-  draw.alignment = t.alignment_.value_or(environment().textAlignment);
+  draw.alignment = t.ownAlignment_ ? t.alignment_ : environment().textAlignment;
   draw.maxLines = lines;
   draw.singleLine = whole.lines <= 1 && whole.width <= frame().width;
   draw.elideMiddle = t.middle_;
@@ -129,7 +131,7 @@ Text::operator View() const {
 }
 
 Text Text::font(Font font) const {
-  return with(*this, &Text::font_, font);
+  return with(with(*this, &Text::font_, font), &Text::ownFont_, true);
 }
 
 Text Text::foregroundColor(std::optional<Color> color) const {
@@ -137,11 +139,11 @@ Text Text::foregroundColor(std::optional<Color> color) const {
 }
 
 Text Text::multilineTextAlignment(TextAlignment alignment) const {
-  return with(*this, &Text::alignment_, alignment);
+  return with(with(*this, &Text::alignment_, alignment), &Text::ownAlignment_, true);
 }
 
 Text Text::lineLimit(int lines) const {
-  return with(*this, &Text::lineLimit_, std::max(0, lines));
+  return with(with(*this, &Text::lineLimit_, std::max(0, lines)), &Text::ownLineLimit_, true);
 }
 
 Text Text::truncationInTheMiddle() const {

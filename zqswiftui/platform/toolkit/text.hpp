@@ -27,10 +27,14 @@ class Text : public ViewModifiers<Text> {
  private:
   friend class TextNode;
   std::string text_;
-  std::optional<Font> font_;
+  // What is not its own is that of the environment.
+  Font font_;
   std::optional<Color> color_;
-  std::optional<TextAlignment> alignment_;
-  std::optional<int> lineLimit_;
+  int lineLimit_ = 0;
+  TextAlignment alignment_ = TextAlignment::leading;
+  bool ownFont_ = false;
+  bool ownLineLimit_ = false;
+  bool ownAlignment_ = false;
   bool middle_ = false;
 };
 

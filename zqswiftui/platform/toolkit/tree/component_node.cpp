@@ -106,12 +106,12 @@ std::string ComponentNode::debugName() const {
 
 // --- Context ---
 
-std::shared_ptr<detail::StateCellBase> Context::nextState(const std::type_info& type) {
+Shared<detail::StateCellBase> Context::nextState(const std::type_info& type) {
   auto& memory = node_.memory();
   if (node_.nextState_ >= memory.states.size()) {
     ZQ_REQUIRE(!node_.complete_,
                node_.debugName() + ": a body asked for more states than the one before");
-    return nullptr;
+    return {};
   }
   const auto& slot = memory.states[node_.nextState_++];
   ZQ_REQUIRE(*slot.type == type, node_.debugName() +

@@ -3,10 +3,10 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
+#include <zqswiftui/platform/services/std_function.hpp>
 #include <zqswiftui/platform/toolkit/tree/focus.hpp>
 #include <zqswiftui/platform/toolkit/tree/marks.hpp>
 #include <zqswiftui/platform/toolkit/tree/node.hpp>

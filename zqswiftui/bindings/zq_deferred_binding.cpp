@@ -33,4 +33,28 @@ std::shared_ptr<ZQDeferredIntBinding> ZQDeferredIntBinding::create(
       new ZQDeferredIntBinding(std::move(value), std::move(queue)));
 }
 
+Binding<double> ZQDeferredDoubleBinding::bindedDouble() const {
+  return owner();
+}
+
+double ZQDeferredDoubleBinding::internalDouble() const {
+  return internal();
+}
+
+Binding<std::string> ZQDeferredTextBinding::bindedText() const {
+  return owner();
+}
+
+std::string ZQDeferredTextBinding::internalText() const {
+  return internal();
+}
+
+Binding<std::int64_t> ZQDeferredIntBinding::bInt() const {
+  return owner();
+}
+
+std::int64_t ZQDeferredIntBinding::internalValue() const {
+  return internal();
+}
+
 }  // namespace zq

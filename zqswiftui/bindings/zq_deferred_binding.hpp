@@ -132,8 +132,8 @@ class ZQDeferredDoubleBinding final : public detail::DeferredValue<double> {
  public:
   static std::shared_ptr<ZQDeferredDoubleBinding> create(
       Binding<double> value, std::shared_ptr<ZQPressureTask> queue = {});
-  Binding<double> bindedDouble() const { return owner(); }
-  double internalDouble() const { return internal(); }
+  Binding<double> bindedDouble() const;
+  double internalDouble() const;
 
  private:
   ZQDeferredDoubleBinding(Binding<double> value, std::shared_ptr<ZQPressureTask> queue);
@@ -144,8 +144,8 @@ class ZQDeferredTextBinding final : public detail::DeferredValue<std::string> {
  public:
   static std::shared_ptr<ZQDeferredTextBinding> create(Binding<std::string> value,
                                                        std::shared_ptr<ZQPressureTask> queue = {});
-  Binding<std::string> bindedText() const { return owner(); }
-  std::string internalText() const { return internal(); }
+  Binding<std::string> bindedText() const;
+  std::string internalText() const;
 
  private:
   ZQDeferredTextBinding(Binding<std::string> value, std::shared_ptr<ZQPressureTask> queue);
@@ -156,8 +156,8 @@ class ZQDeferredIntBinding final : public detail::DeferredValue<std::int64_t> {
  public:
   static std::shared_ptr<ZQDeferredIntBinding> create(Binding<std::int64_t> value,
                                                       std::shared_ptr<ZQPressureTask> queue = {});
-  Binding<std::int64_t> bInt() const { return owner(); }
-  std::int64_t internalValue() const { return internal(); }
+  Binding<std::int64_t> bInt() const;
+  std::int64_t internalValue() const;
 
  private:
   ZQDeferredIntBinding(Binding<std::int64_t> value, std::shared_ptr<ZQPressureTask> queue);

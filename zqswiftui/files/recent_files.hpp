@@ -8,6 +8,7 @@
 #include <vector>
 #include <zqswiftui/platform/base/documents.hpp>
 #include <zqswiftui/platform/base/files.hpp>
+#include <zqswiftui/platform/base/shared.hpp>
 #include <zqswiftui/platform/base/url.hpp>
 #include <zqswiftui/platform/services/std_function.hpp>
 

@@ -1,7 +1,6 @@
 // ZQSwiftUI, MIT licence; see LICENSE.
 #pragma once
 
-#include <atomic>
 #include <concepts>
 #include <memory>
 #include <string>
@@ -33,7 +32,7 @@ class ViewValue {
 
  private:
   friend class View;
-  mutable std::atomic<unsigned> references_{0};
+  mutable unsigned references_ = 0;  // any thread, by the builtins: <atomic> is long
 };
 
 // Asked for its body first: whether it can be copied would ask for its conversions to a view.
@@ -86,10 +85,10 @@ class View : public ViewModifiers<View> {
 
  private:
   void retain() const {
-    if (value_) value_->references_.fetch_add(1, std::memory_order_relaxed);
+    if (value_) __atomic_fetch_add(&value_->references_, 1, __ATOMIC_RELAXED);
   }
   void release() {
-    if (!value_ || value_->references_.fetch_sub(1, std::memory_order_acq_rel) != 1) return;
+    if (!value_ || __atomic_sub_fetch(&value_->references_, 1, __ATOMIC_ACQ_REL) != 0) return;
     delete value_;  // NOLINT(clang-analyzer-cplusplus.NewDelete): it cannot follow the count
   }
   const ViewValue* value_ = nullptr;

@@ -70,6 +70,41 @@ TEST(ForEach, statesFollowTheirKeys) {
   }
 }
 
+struct Person {
+  std::string name;
+  int number;
+  int id() const { return number; }
+};
+
+template <auto key>
+struct People {
+  std::shared_ptr<Model> model;
+  View body(Context& context) const {
+    std::vector<Person> people;
+    for (const std::string& name : context.observe(model).names.get()) {
+      people.push_back({name, name[0]});
+    }
+    return VStack({.spacing = 0},
+                  {ForEach(people, key, [](const Person& p) { return Row{p.name}; })});
+  }
+};
+
+template <auto key>
+std::string reversedAfterAClick() {
+  const auto model = std::make_shared<Model>();
+  model->names = {"a", "b"};
+  Harness h(People<key>{model});
+  h.click(h.button("b0"));
+  model->names = {"b", "a"};
+  h.settle();
+  return readable(h);
+}
+
+TEST(ForEach, aFieldOrAMemberFunctionMayBeTheKey) {
+  EXPECT_EQ(reversedAfterAClick<&Person::number>(), "b1 a0");
+  EXPECT_EQ(reversedAfterAClick<&Person::id>(), "b1 a0");
+}
+
 TEST(ForEach, twinsKeepTheirOccurrence) {
   const auto model = std::make_shared<Model>();
   model->names = {"a", "b", "a", "a"};
